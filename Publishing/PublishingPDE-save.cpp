@@ -1,0 +1,134 @@
+// Writing the state to the job's print settings and handing the media choices to the host.
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "Publishing/NSStringMyExtension.h"
+#include "Publishing/PPDFields.h"
+#include "Publishing/PublishingKeys.h"
+#include "Publishing/PublishingPDE.h"
+#include "Publishing/Utilities.h"
+#include "Publishing/global.h"
+#include "Publishing/parseNum.h"
+
+namespace publishing {
+namespace {
+
+bool beginsWithDigit(const std::string& text) {
+  return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+// The stored form of a page list, with a comma after every page: "3,5,9,".
+std::string joined(const std::vector<std::int32_t>& pages) {
+  std::string text;
+  for (const std::int32_t page : pages)
+    text += std::to_string(page) + ',';
+  return text;
+}
+
+}  // namespace
+
+bool PublishingPDE::saveValuesAndReturnError() {
+  updateSettings();
+  ppd_file_t* ppd = currentPPD();
+  saveCoverMode(ppd);
+  return savePageInsert(ppd);
+}
+
+void PublishingPDE::saveCoverMode(ppd_file_t* ppd) {
+  if (state_.covermodeEnableState != 1) {
+    writePrintSetting(kCoverModeState, kOff);
+    for (const char* key : {kCoverModeValue, kCovermodeRadioButtonState, kCmIndex}) {
+      writePrintSetting(key, std::nullopt);
+    }
+    return;
+  }
+  writePrintSetting(kCoverModeState, kOn);
+  writePrintSetting(kCoverModeValue, state_.covermodeValue);
+  writePrintSetting(kCovermodeRadioButtonState, state_.covermodeRadioButtonState);
+  writePrintSetting(kCmIndex, state_.cmIndex);
+  const auto media = choicesOf(ppdFindOption(ppd, cCoverMediaType));
+  const bool leftToPrinter =
+      !media.empty() && boundedView(media.front().choice).find(kPrnDef) != std::string_view::npos;
+  writePrintSetting(kUnspecifed, leftToPrinter ? "1" : "0");
+  pushChoice(ppd, cCoverMediaType, *CmMediaType);
+}
+
+// A list that is empty or begins with something else than a page keeps Page Insert on, for the user
+// to go on with; a list that does not parse stores nothing of it.
+bool PublishingPDE::savePageInsert(ppd_file_t* ppd) {
+  if (state_.pageinsertEnableState != 1) {
+    writePrintSetting(kPageinsertState, kOff);
+    writePrintSetting(kPageinsertValue, std::nullopt);
+    writePrintSetting(kPiIndex, std::nullopt);
+    return true;
+  }
+  bool accepted = false;
+  if (state_.pageNumValue && checkFor(*state_.pageNumValue, kCheckEmpty)) {
+    runAlert(kNumError, kEnterNum);
+  } else if (!state_.pageNumValue || !beginsWithDigit(*state_.pageNumValue)) {
+    runAlert(kNumError, kEnterNum2);
+  } else {
+    accepted = savePageNumbers();
+    if (!accepted) return false;
+  }
+  writePrintSetting(kPageinsertState, kOn);
+  writePrintSetting(kPageinsertValue, state_.pageinsertValue);
+  writePrintSetting(kPiIndex, state_.piIndex);
+  pushChoice(ppd, cPageMediaType, *PiMediaType);
+  return accepted;
+}
+
+bool PublishingPDE::savePageNumbers() {
+  std::vector<std::int32_t> pages;
+  std::int32_t count = 0;
+  const bool twoSided = isTwoSided();
+  const std::int64_t cover = state_.covermodeValue;
+  const bool bothFrontSides = (cover & kFrontOutside) != 0 && (cover & kFrontInside) != 0;
+  switch (ParsePageNumber(state_.pageNumValue, &pages, &count, twoSided, cover, kHighestPage,
+                          kMostPages)) {
+    case kPageListOK:
+      writePrintSetting(kPageinsertNums, joined(pages));
+      return true;
+    case kPageListMalformed:
+      runAlert(kNumError, kEnterNum);
+      return false;
+    case kPageListOutOfBounds:
+      // One-sided jobs are told of 2 although the parser keeps single pages from 3 on for them too.
+      runAlert(kNumError, twoSided && bothFrontSides ? kExceedDuplexBoundary : kExceedBoundary);
+      return false;
+    case kPageListTooLong:
+      runAlert(kNumError, kExceedLimit);
+      return false;
+    case kPageListEmptyRange:
+      runAlert(kNumError, kRangeErr);
+      return false;
+    default:
+      runAlert(kUdfError, kUndefined);
+      return false;
+  }
+}
+
+// The pop-up's index is the choice's index. Nothing is pushed when the PPD has no such choice (the
+// printer changed under the panel) or when its keyword cannot be made a string.
+void PublishingPDE::pushChoice(ppd_file_t* ppd, const char* option, const PopUpButton& popUp) {
+  const auto choices = choicesOf(ppdFindOption(ppd, option));
+  const std::int64_t index = std::max<std::int64_t>(popUp.indexOfSelectedItem(), 0);
+  if (index >= std::ssize(choices)) return;
+  const auto& field = choices[static_cast<std::size_t>(index)].choice;
+  const auto choice = stringFromPPD(field, encodingOfPPD(ppd));
+  if (!choice) return;
+  if (RunningOn105OrLater()) {
+    pdePluginCallbackObject->willChangePPDOptionKeyValue(option, *choice);
+  } else {
+    changePPDSettingForOption(option, *choice);
+  }
+}
+
+void PublishingPDE::runAlert(const char* title, const char* message) {
+  pluginBundle_->alertPanel().runAlertPanel(pluginBundle_->localizedString(title),
+                                            pluginBundle_->localizedString(message),
+                                            pluginBundle_->localizedString(kOK));
+}
+
+}  // namespace publishing

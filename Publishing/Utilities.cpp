@@ -1,0 +1,9 @@
+#include "Publishing/Utilities.h"
+
+namespace publishing {
+
+bool RunningOn105OrLater() {
+  return true;
+}
+
+}  // namespace publishing

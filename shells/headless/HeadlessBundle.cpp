@@ -1,0 +1,29 @@
+#include "shells/headless/HeadlessBundle.h"
+
+#include <libintl.h>
+
+namespace publishing {
+
+std::string HeadlessBundle::localizedString(const std::string& key) const {
+  return dgettext("publishing", key.c_str());
+}
+
+bool HeadlessBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
+  if (name != "Publishing") return false;
+  auto loaded = std::make_unique<HeadlessInterface>();
+  if (!loaded->bind(owner)) return false;
+  interfaces_.push_back(std::move(loaded));
+  owner.awakeFromNib();
+  return true;
+}
+
+HeadlessInterface* HeadlessBundle::interface() const {
+  return interfaces_.empty() ? nullptr : interfaces_.back().get();
+}
+
+void HeadlessBundle::runAlertPanel(const std::string& title, const std::string& message,
+                                   const std::string& defaultButton) {
+  alert_(title, message, defaultButton);
+}
+
+}  // namespace publishing

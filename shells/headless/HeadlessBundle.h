@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Publishing/platform/Bundle.h"
+#include "shells/headless/HeadlessInterface.h"
+
+namespace publishing {
+
+// The plug-in's bundle for programs without a display. Texts come from the program's gettext
+// catalogue "publishing"; alerts go to the function given; there is no help viewer.
+class HeadlessBundle final : public Bundle, private AlertPanel {
+ public:
+  using Alert = std::function<void(const std::string& title, const std::string& message,
+                                   const std::string& defaultButton)>;
+
+  // `alert` is called for each alert and returns when the user has dismissed it.
+  explicit HeadlessBundle(Alert alert) : alert_(std::move(alert)) {}
+
+  [[nodiscard]] std::string localizedString(const std::string& key) const override;
+  [[nodiscard]] std::string path() const override { return {}; }
+  bool loadInterface(const std::string& name, InterfaceOwner& owner) override;
+  bool registerHelpBook() override { return false; }
+  std::int32_t gotoHelpPage(const std::string& /*bookName*/) override { return kNoHelpViewer; }
+  [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
+
+  // The interface loaded last, for the user's gestures; null before the first load.
+  [[nodiscard]] HeadlessInterface* interface() const;
+
+ private:
+  static constexpr std::int32_t kNoHelpViewer = -1;
+
+  void runAlertPanel(const std::string& title, const std::string& message,
+                     const std::string& defaultButton) override;
+
+  Alert alert_;
+  std::vector<std::unique_ptr<HeadlessInterface>> interfaces_;
+};
+
+}  // namespace publishing
