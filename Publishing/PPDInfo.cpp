@@ -139,17 +139,24 @@ PPDInfo::Choices PPDInfo::getAllConstrainableChoicesFromOption(const std::string
 }
 
 bool PPDInfo::willAllowChangeOfOption(const std::string& option, const std::string& choice) const {
-  if (!constraintsDict || !markedChoicesDict) return true;
+  return choicesForbidding(option, choice).empty();
+}
+
+std::vector<PPDInfo::MarkedChoice> PPDInfo::choicesForbidding(const std::string& option,
+                                                              const std::string& choice) const {
+  if (!constraintsDict || !markedChoicesDict) return {};
   const auto constrained = constraintsDict->find(option);
-  if (constrained == constraintsDict->end()) return true;
+  if (constrained == constraintsDict->end()) return {};
   const auto opponents = constrained->second.find(choice);
-  if (opponents == constrained->second.end()) return true;
-  return std::none_of(
-      opponents->second.begin(), opponents->second.end(), [this](const auto& entry) {
-        const auto& [other, forbidding] = entry;
-        const auto marked = markedChoicesDict->find(other);
-        return marked != markedChoicesDict->end() && forbidding.contains(marked->second);
-      });
+  if (opponents == constrained->second.end()) return {};
+  std::vector<MarkedChoice> forbidding;
+  for (const auto& [other, choices] : opponents->second) {
+    const auto marked = markedChoicesDict->find(other);
+    if (marked != markedChoicesDict->end() && choices.contains(marked->second)) {
+      forbidding.push_back({other, marked->second});
+    }
+  }
+  return forbidding;
 }
 
 }  // namespace publishing

@@ -78,6 +78,14 @@ class PPDInfo {
   [[nodiscard]] bool willAllowChangeOfOption(const std::string& option,
                                              const std::string& choice) const;
 
+  // The marked choices that forbid the change, to tell a user why; none when it is allowed.
+  struct MarkedChoice {
+    std::string option;
+    std::string choice;
+  };
+  [[nodiscard]] std::vector<MarkedChoice> choicesForbidding(const std::string& option,
+                                                            const std::string& choice) const;
+
  private:
   using ChoiceSet = std::unordered_set<std::string>;
   using Opponents = std::unordered_map<std::string, ChoiceSet>;             // by other option

@@ -91,29 +91,46 @@ void PublishingPDE::initializeUI() {
 
 // The media options end with one choice for each tray, in the order of the trays. Counted from the
 // end, because the number of other media differs between the two.
+std::int64_t PublishingPDE::firstTrayItem(const char* mediaOption) const {
+  ppd_file_t* ppd = currentPPD();
+  return std::ssize(choicesOf(ppdFindOption(ppd, mediaOption))) -
+         std::ssize(choicesOf(ppdFindOption(ppd, cInputSlot)));
+}
+
+std::vector<std::string> PublishingPDE::trays() const {
+  ppd_file_t* ppd = currentPPD();
+  const PPDEncoding encoding = encodingOfPPD(ppd);
+  std::vector<std::string> keywords;
+  for (const ppd_choice_t& slot : choicesOf(ppdFindOption(ppd, cInputSlot))) {
+    if (auto tray = stringFromPPD(slot.choice, encoding)) keywords.push_back(std::move(*tray));
+  }
+  return keywords;
+}
+
+// A tray that is listed twice moves the item of its first entry only. The items may lie outside the
+// pop-ups when the PPD has more trays than media; the pop-ups ignore those.
 void PublishingPDE::updateConstraints() {
   if (!initialized) {
     initialized = true;
     initializeUI();
   }
-  ppd_file_t* ppd = currentPPD();
-  const PPDEncoding encoding = encodingOfPPD(ppd);
-  const auto slots = choicesOf(ppdFindOption(ppd, cInputSlot));
-  std::vector<std::string> trays;
-  for (const ppd_choice_t& slot : slots) {
-    if (auto tray = stringFromPPD(slot.choice, encoding)) trays.push_back(std::move(*tray));
-  }
-  const auto offset = [ppd, &slots](const char* option) {
-    return std::ssize(choicesOf(ppdFindOption(ppd, option))) - std::ssize(slots);
-  };
-  const std::int64_t coverOffset = offset(cCoverMediaType);
-  const std::int64_t pageOffset = offset(cPageMediaType);
-  for (const std::string& tray : trays) {
+  const std::vector<std::string> keywords = trays();
+  const std::int64_t firstCoverItem = firstTrayItem(cCoverMediaType);
+  const std::int64_t firstPageItem = firstTrayItem(cPageMediaType);
+  for (const std::string& tray : keywords) {
     const bool allowed = ppdInfo != nullptr && ppdInfo->willAllowChangeOfOption(kTray, tray);
-    const auto index = std::find(trays.begin(), trays.end(), tray) - trays.begin();
-    CmMediaType->setItemEnabledAtIndex(coverOffset + index, allowed);
-    PiMediaType->setItemEnabledAtIndex(pageOffset + index, allowed);
+    const auto index = std::find(keywords.begin(), keywords.end(), tray) - keywords.begin();
+    CmMediaType->setItemEnabledAtIndex(firstCoverItem + index, allowed);
+    PiMediaType->setItemEnabledAtIndex(firstPageItem + index, allowed);
   }
+}
+
+std::vector<PPDInfo::MarkedChoice> PublishingPDE::choicesForbiddingMedia(const char* mediaOption,
+                                                                         std::int64_t index) const {
+  const std::vector<std::string> keywords = trays();
+  const std::int64_t tray = index - firstTrayItem(mediaOption);
+  if (ppdInfo == nullptr || tray < 0 || tray >= std::ssize(keywords)) return {};
+  return ppdInfo->choicesForbidding(kTray, keywords[static_cast<std::size_t>(tray)]);
 }
 
 }  // namespace publishing

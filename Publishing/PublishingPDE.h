@@ -71,6 +71,12 @@ class PublishingPDE final : public InterfaceOwner {
   static std::int32_t changePPDSettingForOption(const std::string& option,
                                                 const std::string& choice);
 
+  // Why an item of a media pop-up is disabled: the marked choices that forbid its tray. None for an
+  // item that is allowed or that stands for no tray. `mediaOption` is the keyword of the pop-up's
+  // PPD option, `index` the item's.
+  [[nodiscard]] std::vector<PPDInfo::MarkedChoice> choicesForbiddingMedia(const char* mediaOption,
+                                                                          std::int64_t index) const;
+
   // --- building ---
 
   [[nodiscard]] std::vector<OutletBinding> outlets() override;
@@ -118,6 +124,9 @@ class PublishingPDE final : public InterfaceOwner {
   [[nodiscard]] bool isTwoSided() const;
   [[nodiscard]] bool isNup() const;
   [[nodiscard]] bool isReversed() const;
+
+  [[nodiscard]] std::vector<std::string> trays() const;
+  [[nodiscard]] std::int64_t firstTrayItem(const char* mediaOption) const;
 
   void removeTransparencyTab();
   void fillPopUp(PopUpButton& popUp, const char* option);

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "tests/tools/PanelDump.h"
+#include "shells/PanelDump.h"
 
 namespace publishing {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/tools/PanelDump.h"
+#include "shells/PanelDump.h"
 
 namespace publishing {
 namespace {
