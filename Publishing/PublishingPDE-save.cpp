@@ -5,6 +5,7 @@
 
 #include "Publishing/NSStringMyExtension.h"
 #include "Publishing/PPDFields.h"
+#include "Publishing/PageListAlert.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
 #include "Publishing/Utilities.h"
@@ -83,30 +84,15 @@ bool PublishingPDE::savePageNumbers() {
   std::vector<std::int32_t> pages;
   std::int32_t count = 0;
   const bool twoSided = isTwoSided();
-  const std::int64_t cover = state_.covermodeValue;
-  const bool bothFrontSides = (cover & kFrontOutside) != 0 && (cover & kFrontInside) != 0;
-  switch (ParsePageNumber(state_.pageNumValue, &pages, &count, twoSided, cover, kHighestPage,
-                          kMostPages)) {
-    case kPageListOK:
-      writePrintSetting(kPageinsertNums, joined(pages));
-      return true;
-    case kPageListMalformed:
-      runAlert(kNumError, kEnterNum);
-      return false;
-    case kPageListOutOfBounds:
-      // One-sided jobs are told of 2 although the parser keeps single pages from 3 on for them too.
-      runAlert(kNumError, twoSided && bothFrontSides ? kExceedDuplexBoundary : kExceedBoundary);
-      return false;
-    case kPageListTooLong:
-      runAlert(kNumError, kExceedLimit);
-      return false;
-    case kPageListEmptyRange:
-      runAlert(kNumError, kRangeErr);
-      return false;
-    default:
-      runAlert(kUdfError, kUndefined);
-      return false;
+  const std::int32_t result = ParsePageNumber(state_.pageNumValue, &pages, &count, twoSided,
+                                              state_.covermodeValue, kHighestPage, kMostPages);
+  if (result != kPageListOK) {
+    const auto [title, message] = alertForPageList(result, twoSided, state_.covermodeValue);
+    runAlert(title, message);
+    return false;
   }
+  writePrintSetting(kPageinsertNums, joined(pages));
+  return true;
 }
 
 // The pop-up's index is the choice's index. Nothing is pushed when the PPD has no such choice (the

@@ -1,0 +1,23 @@
+#include "Publishing/PageListAlert.h"
+
+#include "Publishing/global.h"
+#include "Publishing/parseNum.h"
+
+namespace publishing {
+
+PageListAlert alertForPageList(std::int32_t result, bool duplex, std::int64_t coverMode) {
+  switch (result) {
+    case kPageListMalformed:
+      return {kNumError, kEnterNum};
+    case kPageListOutOfBounds:
+      return {kNumError, duplex && (coverMode & 3) == 3 ? kExceedDuplexBoundary : kExceedBoundary};
+    case kPageListTooLong:
+      return {kNumError, kExceedLimit};
+    case kPageListEmptyRange:
+      return {kNumError, kRangeErr};
+    default:
+      return {kUdfError, kUndefined};
+  }
+}
+
+}  // namespace publishing
