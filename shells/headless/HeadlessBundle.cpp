@@ -1,11 +1,11 @@
 #include "shells/headless/HeadlessBundle.h"
 
-#include <libintl.h>
+#include "shells/Localization.h"
 
 namespace publishing {
 
 std::string HeadlessBundle::localizedString(const std::string& key) const {
-  return dgettext("publishing", key.c_str());
+  return localized(key.c_str());
 }
 
 bool HeadlessBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {

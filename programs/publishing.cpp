@@ -1,0 +1,29 @@
+// The command line of the Publishing panel.
+#include <exception>
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include "programs/ExitStatus.h"
+#include "programs/PagesCommand.h"
+#include "shells/Localization.h"
+
+int main(int argc, char** argv) {
+  using namespace publishing;
+  initLocalization();
+  CLI::App app(localized("Print with covers and inserted sheets on Zephrel printers"),
+               "publishing");
+  app.set_version_flag("--version", "publishing " PUBLISHING_VERSION);
+  app.require_subcommand(1);
+  ExitStatus status = kDone;
+  addPagesCommand(app, status);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  } catch (const std::exception& error) {
+    std::cerr << "publishing: " << error.what() << '\n';
+    return kTrouble;
+  }
+  return status;
+}
