@@ -1,0 +1,61 @@
+// The settings of one print job on Linux: what the panel reads and writes, and what CUPS is sent.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "Publishing/platform/PrintSettings.h"
+
+namespace publishing {
+
+// The numbers are the duplex modes that PrintSettings::getDuplex reports.
+enum class Sides { OneSided = 1, TwoSidedLongEdge = 2, TwoSidedShortEdge = 3 };
+
+// The IPP keyword: "one-sided", "two-sided-long-edge", "two-sided-short-edge".
+const char* keywordOf(Sides sides);
+
+// Nothing for any other keyword.
+std::optional<Sides> sidesFromKeyword(const std::string& keyword);
+
+// A string map. Its keys are names of CUPS job options, keywords of PPD options (the choices that
+// the panel pushes), the panel's own keys, and keys beginning with "com.apple." that stay in the
+// ticket. Values are stored as given; they are judged when they are to be sent.
+class JobTicket final : public PrintSettings {
+ public:
+  using Options = std::map<std::string, std::string>;
+
+  [[nodiscard]] std::optional<std::string> getValue(const std::string& key) const override;
+  void setValue(const std::string& key, const std::optional<std::string>& value) override;
+  [[nodiscard]] std::optional<Options> copyAsDictionary() const override;
+
+  // Told from "sides"; one-sided without it, nothing when its value is no keyword of sides.
+  [[nodiscard]] std::optional<std::int32_t> getDuplex() const override;
+
+  void setSides(Sides sides);
+
+  // Document pages on one side of a sheet: 1, 2, 4, 6, 9 or 16. Throws PrintError (Usage) for any
+  // other number. The panel's key for a layout of several pages is kept in step.
+  void setNumberUp(int pages);
+
+  // Whether the last page comes out first.
+  void setReverse(bool reverse);
+
+  // 1 or more; throws PrintError (Usage) otherwise.
+  void setCopies(int copies);
+
+  // What CUPS is sent for this ticket. Throws PrintError (Refused), naming the option and the
+  // remedy, when CUPS would change or reject one of them (checkJobOption).
+  [[nodiscard]] Options jobOptions() const;
+
+ private:
+  Options values_;
+};
+
+// Throws PrintError (Refused) unless the option reaches the filters as it stands. Names: letters,
+// digits, ".", "_" and "-", beginning with a letter, at most 255 bytes. Values: valid UTF-8 of at
+// most 255 bytes without control characters; not "true" or "false" (in any case), which CUPS turns
+// into a boolean; not beginning with "{", which it turns into a collection.
+void checkJobOption(const std::string& name, const std::string& value);
+
+}  // namespace publishing

@@ -1,0 +1,85 @@
+// An opened PPD: its marks, its texts for the user, and the conflicts among its choices. Every PPD
+// call of libcups outside the panel is made in PPDDocument.cpp.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "printing/CupsHandles.h"
+#include "printing/JobTicket.h"
+
+namespace publishing {
+
+// A choice of an option, with what the user reads: texts are valid UTF-8 without control
+// characters, whatever the PPD holds; a keyword stands in for an empty text.
+struct PPDChoice {
+  std::string option;  // keyword
+  std::string optionText;
+  std::string choice;  // keyword
+  std::string choiceText;
+  bool marked = false;
+};
+
+// Choices that must not be marked together; two of them, seldom more.
+struct Conflict {
+  std::vector<PPDChoice> choices;
+
+  // One sentence that names all sides, the given option's first where it is one of them:
+  // "Cover Paper: Coated Paper conflicts with Paper Source: Tray 2".
+  [[nodiscard]] std::string text(const std::string& option = {}) const;
+
+  // The other sides only, as a reason beside the option: "Conflicts with Paper Source: Tray 2".
+  [[nodiscard]] std::string reason(const std::string& option) const;
+};
+
+class PPDDocument {
+ public:
+  // Throws PrintError (Trouble) with the file, the fault and its line when the PPD cannot be used.
+  static PPDDocument openFile(const std::string& path);
+
+  // The PPD that the server has for the queue; nothing when the queue has none (a queue without a
+  // driver). Throws as openFile does.
+  static std::optional<PPDDocument> fetch(http_t* http, const std::string& queue);
+
+  // For the panel; owned by this object. Marks may be changed with mark() only.
+  [[nodiscard]] ppd_file_t* get() const { return ppd_.get(); }
+
+  // What is wrong with a PPD that could be opened all the same, for the user: it may have been cut
+  // off, or keywords break the rules. Choices may be missing then.
+  [[nodiscard]] const std::vector<std::string>& warnings() const { return warnings_; }
+
+  // Marks the PPD's defaults and nothing else.
+  void markDefaults();
+
+  // Marks the options that the PPD knows, and those that have a counterpart in it (sides, media).
+  void mark(const std::map<std::string, std::string>& options);
+
+  // Marks one choice; false, changing nothing, when the PPD has no such option or choice. Keywords
+  // are compared byte by byte.
+  bool mark(const std::string& option, const std::string& choice);
+
+  // The sides that the marked choice of the PPD's duplex option means; nothing without one.
+  [[nodiscard]] std::optional<Sides> markedSides() const;
+
+  // The option's choices in the PPD's order; none for an option that the PPD does not have.
+  [[nodiscard]] std::vector<PPDChoice> choices(const std::string& option) const;
+
+  // The conflicts among the marked choices.
+  [[nodiscard]] std::vector<Conflict> conflicts() const;
+
+  // The conflicts that involve the option if that choice were marked, the other marks being as they
+  // are.
+  [[nodiscard]] std::vector<Conflict> conflictsOf(const std::string& option,
+                                                  const std::string& choice) const;
+
+ private:
+  PPDDocument(PPDHandle ppd, std::vector<std::string> warnings)
+      : ppd_(std::move(ppd)), warnings_(std::move(warnings)) {}
+
+  PPDHandle ppd_;
+  std::vector<std::string> warnings_;
+};
+
+}  // namespace publishing
