@@ -88,10 +88,11 @@ void HeadlessTextField::type(const std::string& text) {
   value_.clear();
   for (std::size_t place = 0; place < text.size();) {
     const std::size_t length = characterLength(text, place);
-    std::string edited = value_ + text.substr(place, length);
+    const std::string edited = value_ + text.substr(place, length);
     place += length;
-    if (formatter_ != nullptr && !formatter_->isPartialStringValid(edited, edited)) continue;
-    value_ = std::move(edited);
+    std::string shown = edited;
+    if (formatter_ != nullptr && !formatter_->isPartialStringValid(edited, shown)) continue;
+    value_ = std::move(shown);
   }
 }
 
