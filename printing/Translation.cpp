@@ -5,6 +5,11 @@
 #include <libintl.h>
 
 namespace publishing {
+namespace {
+
+constexpr const char* kDomain = "publishing";
+
+}  // namespace
 
 std::string shown(const std::string& bytes) {
   constexpr std::size_t kLongest = 200;
@@ -18,8 +23,13 @@ std::string shown(const std::string& bytes) {
   return text;
 }
 
+void bindTranslations() {
+  bindtextdomain(kDomain, PUBLISHING_LOCALE_DIR);
+  bind_textdomain_codeset(kDomain, "UTF-8");
+}
+
 const char* translatedFormat(const char* english) {
-  return dgettext("publishing", english);
+  return dgettext(kDomain, english);
 }
 
 }  // namespace publishing

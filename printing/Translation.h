@@ -11,6 +11,10 @@
 
 namespace publishing {
 
+// Makes the catalogues of the installed program known. Leaves the locale alone: in a program of our
+// own call setlocale before, another program's locale is its own business.
+void bindTranslations();
+
 // Any bytes, made fit to be shown inside a message: valid UTF-8 in one line, cut when very long.
 std::string shown(const std::string& bytes);
 

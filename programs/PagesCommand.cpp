@@ -10,7 +10,7 @@
 
 #include "Publishing/PageListAlert.h"
 #include "Publishing/parseNum.h"
-#include "shells/Localization.h"
+#include "printing/Translation.h"
 
 namespace publishing {
 namespace {
@@ -33,7 +33,7 @@ ExitStatus runPages(const PagesOptions& options) {
   }
   if (result != kPageListOK) {
     const auto [title, message] = alertForPageList(result, options.twoSided, options.coverValue);
-    std::cerr << "publishing: " << localized(title) << ": " << localized(message) << '\n';
+    std::cerr << "publishing: " << translated(title) << ": " << translated(message) << '\n';
     return kRefused;
   }
   if (!options.json) {
@@ -47,15 +47,15 @@ ExitStatus runPages(const PagesOptions& options) {
 
 void addPagesCommand(CLI::App& app, ExitStatus& status) {
   auto options = std::make_shared<PagesOptions>();
-  CLI::App* command = app.add_subcommand("pages", localized("Check a list of pages for inserts"));
-  command->add_flag("--two-sided", options->twoSided, localized("The job prints on both sides"));
+  CLI::App* command = app.add_subcommand("pages", translated("Check a list of pages for inserts"));
+  command->add_flag("--two-sided", options->twoSided, translated("The job prints on both sides"));
   command
       ->add_option("--cover-value", options->coverValue,
-                   localized("Printed cover sides: sum of 1 front outside, 2 front inside, "
-                             "4 back outside, 8 back inside"))
+                   translated("Printed cover sides: sum of 1 front outside, 2 front inside, "
+                              "4 back outside, 8 back inside"))
       ->check(CLI::Range(0, 32));
-  command->add_flag("--json", options->json, localized("Write the result as JSON"));
-  command->add_option("LIST", options->list, localized("Pages and ranges, as in 5,8,12-14"))
+  command->add_flag("--json", options->json, translated("Write the result as JSON"));
+  command->add_option("LIST", options->list, translated("Pages and ranges, as in 5,8,12-14"))
       ->required();
   command->callback([options, &status] { status = runPages(*options); });
 }

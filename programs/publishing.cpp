@@ -1,17 +1,19 @@
 // The command line of the Publishing panel.
+#include <clocale>
 #include <exception>
 #include <iostream>
 
 #include <CLI/CLI.hpp>
 
+#include "printing/Translation.h"
 #include "programs/ExitStatus.h"
 #include "programs/PagesCommand.h"
-#include "shells/Localization.h"
 
 int main(int argc, char** argv) {
   using namespace publishing;
-  initLocalization();
-  CLI::App app(localized("Print with covers and inserted sheets on Zephrel printers"),
+  std::setlocale(LC_ALL, "");
+  bindTranslations();
+  CLI::App app(translated("Print with covers and inserted sheets on Zephrel printers"),
                "publishing");
   app.set_version_flag("--version", "publishing " PUBLISHING_VERSION);
   app.require_subcommand(1);

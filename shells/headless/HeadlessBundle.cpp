@@ -1,11 +1,11 @@
 #include "shells/headless/HeadlessBundle.h"
 
-#include "shells/Localization.h"
+#include "printing/Translation.h"
 
 namespace publishing {
 
 std::string HeadlessBundle::localizedString(const std::string& key) const {
-  return localized(key.c_str());
+  return translated(key.c_str());
 }
 
 bool HeadlessBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {

@@ -1,0 +1,93 @@
+#include "programs/MediaCommand.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "Publishing/PublishingKeys.h"
+#include "printing/JobTicket.h"
+#include "printing/Translation.h"
+#include "programs/JobOption.h"
+#include "programs/PanelUser.h"
+#include "programs/PrinterOption.h"
+#include "shells/PanelDump.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::ordered_json;
+
+struct MediaOptions {
+  PrinterOption printer;
+  std::vector<std::string> marks;
+  bool json = false;
+};
+
+// The items of one pop-up as the panel offers them.
+ordered_json mediaOf(PanelUser& user, const Printer& printer, const char* popUp,
+                     const char* option) {
+  const HeadlessPopUpButton& menu = user.popUp(popUp);
+  ordered_json items = ordered_json::array();
+  for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
+    ordered_json item = {{"choice", user.choiceOfItem(option, index)},
+                         {"text", menu.itemTitleAtIndex(index)},
+                         {"allowed", menu.isItemEnabledAtIndex(index)}};
+    if (!menu.isItemEnabledAtIndex(index)) {
+      item["reason"] = reasonAgainstMedia(user.panel(), printer, option, index);
+    }
+    items.push_back(std::move(item));
+  }
+  return {{"option", option}, {"items", std::move(items)}};
+}
+
+void printMedia(const std::string& heading, const ordered_json& media) {
+  std::cout << heading << " (" << media["option"].get<std::string>() << ")\n";
+  if (media["items"].empty()) std::cout << "  " << translated("none") << '\n';
+  for (const ordered_json& item : media["items"]) {
+    std::cout << "  " << item["choice"].get<std::string>() << "\t"
+              << item["text"].get<std::string>();
+    if (item.contains("reason")) {
+      std::cout << "\t" << translated("not available: %s", item["reason"].get<std::string>());
+    }
+    std::cout << '\n';
+  }
+}
+
+ExitStatus runMedia(const MediaOptions& options) {
+  Printer printer = options.printer.open();
+  JobTicket ticket = printer.newTicket();
+  setJobOptions(printer, ticket, options.marks);
+  PanelUser user(printer, ticket);
+  const ordered_json report = {{"printer", printer.name()},
+                               {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
+                               {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
+  if (options.json) {
+    std::cout << toLine(report) << '\n';
+  } else {
+    printMedia(translated("Cover media"), report["cover"]);
+    printMedia(translated("Insert media"), report["insert"]);
+  }
+  return kDone;
+}
+
+}  // namespace
+
+void addMediaCommand(CLI::App& app, ExitStatus& status) {
+  auto options = std::make_shared<MediaOptions>();
+  CLI::App* command =
+      app.add_subcommand("media", translated("List the media for covers and inserts"));
+  addPrinterOption(*command, options->printer);
+  command
+      ->add_option("--mark", options->marks,
+                   translated("List as if this choice of the printer were made (repeatable)"))
+      ->type_name("OPTION=CHOICE")
+      ->expected(1)
+      ->take_all();
+  command->add_flag("--json", options->json, translated("Write the result as JSON"));
+  command->callback([options, &status] { status = runMedia(*options); });
+}
+
+}  // namespace publishing

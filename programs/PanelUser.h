@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Publishing/PublishingPDEPlugin.h"
+#include "printing/JobTicket.h"
+#include "printing/Printer.h"
+#include "shells/headless/HeadlessBundle.h"
+
+namespace publishing {
+
+// What a user wants of the panel; what is not there stays as it is.
+struct PanelRequest {
+  std::optional<std::string> cover;                    // "none", "front" or "front-back"
+  std::optional<std::string> coverMedia;               // a choice's keyword or text
+  std::optional<std::vector<std::string>> coverSides;  // "front-outside" ...; "none" is no side
+  std::optional<std::string> insert;                   // a page list, or "none"
+  std::optional<std::string> insertMedia;
+  std::optional<std::vector<std::string>> insertSides;  // "front", "back"; "none" is no side
+};
+
+// A user without a display: carries out a request on the panel by the gestures that a user at a
+// dialog would make, and is refused where such a user would be.
+class PanelUser {
+ public:
+  // Opens the panel on the printer's PPD and the ticket's settings. Both are the caller's and must
+  // outlive this object.
+  PanelUser(Printer& printer, JobTicket& ticket);
+
+  // Throws PrintError: Usage for a request that makes no sense, Refused for what the panel does not
+  // offer now, with the reason.
+  void apply(const PanelRequest& request);
+
+  // Stores the panel's state in the ticket and marks its media in the PPD. Throws PrintError
+  // (Refused) with the panel's own message when the panel does not accept the page list.
+  void save();
+
+  [[nodiscard]] PublishingPDE& panel() { return *panel_; }
+
+  // A pop-up of the panel by its outlet's name, which must be one.
+  [[nodiscard]] const HeadlessPopUpButton& popUp(const char* name) const;
+
+  // The keyword of the PPD choice that an item of the option's pop-up stands for.
+  [[nodiscard]] std::string choiceOfItem(const char* option, std::int64_t index) const;
+
+ private:
+  struct Media;
+  struct Side;
+
+  void applyCover(const PanelRequest& request);
+  void applyInsert(const PanelRequest& request);
+  void switchFeature(const char* checkBox, bool on);
+  void choose(const Media& media, const std::string& wanted);
+  [[nodiscard]] std::int64_t itemOf(const Media& media, const std::string& wanted) const;
+  void tick(const std::vector<Side>& sides, const std::vector<std::string>& wanted);
+  void typePages(const std::string& list);
+
+  Printer& printer_;
+  std::vector<std::string> alerts_;
+  std::shared_ptr<HeadlessBundle> bundle_;
+  PublishingPDEPlugin plugin_;
+  std::shared_ptr<PublishingPDE> panel_;
+};
+
+// Why the panel does not offer an item of a media pop-up, for a user: "Conflicts with Media Type:
+// Transparency". Empty for an item that it offers.
+std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printer,
+                               const char* mediaOption, std::int64_t index);
+
+}  // namespace publishing

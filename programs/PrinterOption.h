@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "printing/Printer.h"
+
+namespace publishing {
+
+// The printer that a command works with, as its command line names it.
+struct PrinterOption {
+  std::string queue;
+  std::string ppd;
+
+  // Opens the named queue, the PPD file, or the user's default queue when neither is named. Reports
+  // what is wrong with the PPD on standard error. Throws PrintError.
+  [[nodiscard]] Printer open() const;
+};
+
+// Adds -d QUEUE and --ppd FILE, which exclude each other. `option` must outlive the parsing.
+void addPrinterOption(CLI::App& command, PrinterOption& option);
+
+}  // namespace publishing
