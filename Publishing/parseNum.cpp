@@ -11,9 +11,9 @@
 namespace publishing {
 namespace {
 
-// The value of a run of digits; one too large for the type is as good as the largest.
+// The value of a run of digits; one beyond every bound is as good as the next.
 std::int64_t numberFrom(std::string_view digits) {
-  constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int64_t kLargest = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
   std::int64_t value = 0;
   for (const char digit : digits)
     value = std::min(value * 10 + (digit - '0'), kLargest);
