@@ -95,9 +95,13 @@ void JobTicket::setSides(Sides sides) {
   setValue(kSides, keywordOf(sides));
 }
 
-void JobTicket::setNumberUp(int pages) {
+bool JobTicket::isLayout(int pages) {
   static constexpr std::array kLayouts = {1, 2, 4, 6, 9, 16};
-  if (std::find(kLayouts.begin(), kLayouts.end(), pages) == kLayouts.end()) {
+  return std::find(kLayouts.begin(), kLayouts.end(), pages) != kLayouts.end();
+}
+
+void JobTicket::setNumberUp(int pages) {
+  if (!isLayout(pages)) {
     throw PrintError(PrintError::Kind::Usage,
                      translated("%d pages cannot be put on one side of a sheet: choose 1, 2, 4, 6, "
                                 "9 or 16.",

@@ -34,8 +34,11 @@ class JobTicket final : public PrintSettings {
 
   void setSides(Sides sides);
 
-  // Document pages on one side of a sheet: 1, 2, 4, 6, 9 or 16. Throws PrintError (Usage) for any
-  // other number. The panel's key for a layout of several pages is kept in step.
+  // Whether CUPS can put that many document pages on one side of a sheet: 1, 2, 4, 6, 9 or 16.
+  static bool isLayout(int pages);
+
+  // Document pages on one side of a sheet. Throws PrintError (Usage) unless isLayout. The panel's
+  // key for a layout of several pages is kept in step.
   void setNumberUp(int pages);
 
   // Whether the last page comes out first.

@@ -12,6 +12,10 @@
 
 namespace publishing {
 
+// The keywords under which PPDs have their duplex option.
+inline constexpr const char* kDuplexOptions[] = {"Duplex", "EFDuplex", "EFDuplexing", "KD03Duplex",
+                                                 "JCLDuplex"};
+
 // A choice of an option, with what the user reads: texts are valid UTF-8 without control
 // characters, whatever the PPD holds; a keyword stands in for an empty text.
 struct PPDChoice {
@@ -22,16 +26,13 @@ struct PPDChoice {
   bool marked = false;
 };
 
-// Choices that must not be marked together; two of them, seldom more.
+// Marked choices that exclude each other; two of them, seldom more. The panel's media come first.
 struct Conflict {
   std::vector<PPDChoice> choices;
 
-  // One sentence that names all sides, the given option's first where it is one of them:
-  // "Cover Paper: Coated Paper conflicts with Paper Source: Tray 2".
-  [[nodiscard]] std::string text(const std::string& option = {}) const;
-
-  // The other sides only, as a reason beside the option: "Conflicts with Paper Source: Tray 2".
-  [[nodiscard]] std::string reason(const std::string& option) const;
+  // For the user, naming all sides: "Cover Paper: Coated Paper. Conflicts with Paper Source: Tray 2
+  // (CoverMediaType=Coated, InputSlot=Tray2)".
+  [[nodiscard]] std::string text() const;
 };
 
 class PPDDocument {
@@ -64,15 +65,17 @@ class PPDDocument {
   [[nodiscard]] std::optional<Sides> markedSides() const;
 
   // The option's choices in the PPD's order; none for an option that the PPD does not have.
+  // Several entries may have the same keyword if the PPD lists it so.
   [[nodiscard]] std::vector<PPDChoice> choices(const std::string& option) const;
 
-  // The conflicts among the marked choices.
-  [[nodiscard]] std::vector<Conflict> conflicts() const;
+  // Nothing when the PPD has no such option or choice. Keywords are compared byte by byte.
+  [[nodiscard]] std::optional<PPDChoice> choice(const std::string& option,
+                                                const std::string& choice) const;
 
-  // The conflicts that involve the option if that choice were marked, the other marks being as they
-  // are.
-  [[nodiscard]] std::vector<Conflict> conflictsOf(const std::string& option,
-                                                  const std::string& choice) const;
+  // The conflicts among the marked choices, by the rules of ppdConflicts: UIConstraints in either
+  // direction, NonUIConstraints and cupsUIConstraints; a constraint without a choice means every
+  // choice but "None", "Off" and "False".
+  [[nodiscard]] std::vector<Conflict> conflicts() const;
 
  private:
   PPDDocument(PPDHandle ppd, std::vector<std::string> warnings)

@@ -160,7 +160,7 @@ ExitStatus runPrint(const PrintOptions& options) {
   } else if (printer.isQueue()) {
     status = sendJob(options, printer, ticket, document, title, report);
   } else {
-    printToFile(printer.name(), ticket, document, title, options.output);
+    printToFile(printer, ticket, document, title, options.output);
   }
   if (options.json) std::cout << toLine(report) << '\n';
   return status;

@@ -1,0 +1,254 @@
+#include "printing/StoredSettings.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include <fcntl.h>
+#include <glib.h>
+#include <glib/gstdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "Publishing/PublishingKeys.h"
+#include "printing/JobTicket.h"
+#include "printing/PrintError.h"
+#include "printing/Translation.h"
+
+namespace publishing {
+namespace {
+
+constexpr const char* kGroup = "Publishing";
+constexpr goffset kLargestFile = 64 * 1024;  // bytes; a sound file has less than 4 KiB
+constexpr std::size_t kLongestPlainName = 200;
+constexpr int kMostBrokenFiles = 999;
+
+const char* const kStoredKeys[] = {kCoverModeState,  kCoverModeValue, kCovermodeRadioButtonState,
+                                   kCmIndex,         kUnspecifed,     kPageinsertState,
+                                   kPageinsertValue, kPiIndex,        kPageinsertNums,
+                                   kCoverMediaType,  kPageMediaType};
+
+struct GlibDeleter {
+  void operator()(GKeyFile* file) const noexcept { g_key_file_free(file); }
+  void operator()(char* text) const noexcept { g_free(text); }
+  void operator()(char** texts) const noexcept { g_strfreev(texts); }
+  void operator()(GError* error) const noexcept { g_error_free(error); }
+};
+
+using KeyFile = std::unique_ptr<GKeyFile, GlibDeleter>;
+using Text = std::unique_ptr<char, GlibDeleter>;
+using Texts = std::unique_ptr<char*, GlibDeleter>;
+using Error = std::unique_ptr<GError, GlibDeleter>;
+
+bool isStored(const std::string& key) {
+  return std::find(std::begin(kStoredKeys), std::end(kStoredKeys), key) != std::end(kStoredKeys);
+}
+
+// Why the value cannot be trusted; nothing when it can. A job could not carry it either.
+std::optional<std::string> faultOf(const std::string& key, const std::string& value) {
+  try {
+    checkJobOption(key, value);
+    return std::nullopt;
+  } catch (const PrintError& error) {
+    return error.what();
+  }
+}
+
+PrintError cannotWrite(const std::string& path, const std::string& reason) {
+  return {
+      PrintError::Kind::Trouble,
+      translated("The settings cannot be stored in %s: %s. The earlier settings stay; check the "
+                 "folder's permissions and the free space.",
+                 shown(path), reason)};
+}
+
+// The whole file; nothing with `reason` filled in when it is no sound file, nothing and an empty
+// `reason` when there is none.
+std::optional<std::string> contentsOf(const std::string& path, std::string& reason) {
+  GStatBuf information;
+  if (g_stat(path.c_str(), &information) != 0) {
+    if (errno != ENOENT && errno != ENOTDIR) reason = g_strerror(errno);
+    return std::nullopt;
+  }
+  if (!S_ISREG(information.st_mode)) {
+    reason = translated("it is no regular file");
+    return std::nullopt;
+  }
+  if (information.st_size > kLargestFile) {
+    reason = translated("it is too large");
+    return std::nullopt;
+  }
+  char* contents = nullptr;
+  gsize length = 0;
+  GError* failure = nullptr;
+  if (g_file_get_contents(path.c_str(), &contents, &length, &failure) == FALSE) {
+    reason = Error(failure)->message;
+    return std::nullopt;
+  }
+  const Text owner(contents);
+  return std::string(contents, length);
+}
+
+// Runs `keep` with the first of FILE.broken-1, -2, ... that is free and answers that name; empty
+// when it failed. `keep` answers 0 or sets errno.
+template <class Keep>
+std::string keptAside(const std::string& path, const Keep& keep) {
+  for (int number = 1; number <= kMostBrokenFiles; ++number) {
+    std::string aside = path + ".broken-" + std::to_string(number);
+    if (keep(aside.c_str()) == 0) return aside;
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
+std::string moveAside(const std::string& path) {
+  return keptAside(path, [&path](const char* aside) {
+    return renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside, RENAME_NOREPLACE);
+  });
+}
+
+// The file keeps its name too, until it is replaced.
+std::string linkAside(const std::string& path) {
+  return keptAside(path, [&path](const char* aside) { return link(path.c_str(), aside); });
+}
+
+struct Reading {
+  KeyFile file{g_key_file_new()};   // what could be parsed
+  StoredSettings::Values values;    // the sound ones of our keys
+  std::vector<std::string> faults;  // for the user
+  bool isKeyFile = true;            // or there is no file
+  bool hasUnsoundValues = false;    // of our keys
+};
+
+void readEntry(Reading& reading, const std::string& group, const std::string& key,
+               const std::string& path) {
+  const auto report = [&](const std::string& reason) {
+    reading.faults.push_back(translated("%s: %s", shown(path), reason));
+  };
+  if (group != kGroup || !isStored(key)) {
+    report(translated("The entry %s is unknown and was left out.", shown(key)));
+    return;
+  }
+  GError* failure = nullptr;
+  const Text text(g_key_file_get_string(reading.file.get(), kGroup, key.c_str(), &failure));
+  const Error owner(failure);
+  const auto fault = text ? faultOf(key, text.get()) : shown(failure->message);
+  if (fault) {
+    reading.hasUnsoundValues = true;
+    report(*fault);
+  } else {
+    reading.values.insert_or_assign(key, text.get());
+  }
+}
+
+void readEntries(Reading& reading, const std::string& path) {
+  const Texts groups(g_key_file_get_groups(reading.file.get(), nullptr));
+  for (char** group = groups.get(); *group != nullptr; ++group) {
+    const Texts keys(g_key_file_get_keys(reading.file.get(), *group, nullptr, nullptr));
+    for (char** key = keys.get(); key != nullptr && *key != nullptr; ++key)
+      readEntry(reading, *group, *key, path);
+  }
+}
+
+Reading readFile(const std::string& path) {
+  Reading reading;
+  std::string reason;
+  const auto contents = contentsOf(path, reason);
+  GError* failure = nullptr;
+  if (contents && g_key_file_load_from_data(reading.file.get(), contents->data(), contents->size(),
+                                            G_KEY_FILE_KEEP_COMMENTS, &failure) == FALSE) {
+    reason = shown(Error(failure)->message);
+  }
+  if (reason.empty()) {
+    readEntries(reading, path);
+  } else {
+    reading.isKeyFile = false;
+    reading.file.reset(g_key_file_new());
+    reading.faults.push_back(translated("%s cannot be read as settings: %s.", shown(path), reason));
+  }
+  return reading;
+}
+
+}  // namespace
+
+std::string StoredSettings::defaultFolder() {
+  return std::string(g_get_user_config_dir()) + "/publishing";
+}
+
+// Letters, digits and "-._~" stand for themselves, other bytes as %XX. A name that would be too
+// long for a file gets a checksum in place of its end.
+std::string StoredSettings::fileOf(const std::string& queue) const {
+  std::string name;
+  for (const char byte : queue) {
+    if (g_ascii_isalnum(byte) || std::string_view("-._~").find(byte) != std::string_view::npos) {
+      name += byte;
+    } else {
+      std::array<char, 4> code{};
+      g_snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned char>(byte));
+      name += code.data();
+    }
+  }
+  if (name.size() > kLongestPlainName) {
+    const Text checksum(
+        g_compute_checksum_for_string(G_CHECKSUM_SHA256, queue.data(), std::ssize(queue)));
+    name = name.substr(0, kLongestPlainName - 64) + "%" + checksum.get();
+  }
+  return folder_ + "/" + name + ".conf";
+}
+
+StoredSettings::Loaded StoredSettings::load(const std::string& queue) const {
+  const std::string path = fileOf(queue);
+  Reading reading = readFile(path);
+  if (!reading.isKeyFile) {
+    const std::string aside = moveAside(path);
+    reading.faults.back() += " " + (aside.empty() ? translated("It was left as it is; remove it.")
+                                                  : translated("It was kept as %s.", shown(aside)));
+  }
+  return {std::move(reading.values), std::move(reading.faults)};
+}
+
+void StoredSettings::store(const std::string& queue, const Values& values) const {
+  const std::string path = fileOf(queue);
+  if (g_mkdir_with_parents(folder_.c_str(), 0700) != 0)
+    throw cannotWrite(folder_, g_strerror(errno));
+  const Reading earlier = readFile(path);
+  if (!earlier.isKeyFile && moveAside(path).empty()) throw cannotWrite(path, g_strerror(errno));
+  if (earlier.hasUnsoundValues && linkAside(path).empty()) {
+    throw cannotWrite(path, g_strerror(errno));
+  }
+  for (const char* key : kStoredKeys) {
+    const auto value = values.find(key);
+    if (value == values.end()) {
+      g_key_file_remove_key(earlier.file.get(), kGroup, key, nullptr);
+    } else {
+      checkJobOption(key, value->second);
+      g_key_file_set_string(earlier.file.get(), kGroup, key, value->second.c_str());
+    }
+  }
+  gsize length = 0;
+  const Text contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));
+  GError* failure = nullptr;
+  if (g_file_set_contents_full(path.c_str(), contents.get(), static_cast<gssize>(length),
+                               static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
+                                                                  G_FILE_SET_CONTENTS_DURABLE),
+                               0600, &failure) == FALSE) {
+    throw cannotWrite(path, Error(failure)->message);
+  }
+}
+
+bool StoredSettings::clear(const std::string& queue) const {
+  const std::string path = fileOf(queue);
+  if (g_unlink(path.c_str()) == 0) return true;
+  if (errno == ENOENT || errno == ENOTDIR) return false;
+  throw PrintError(
+      PrintError::Kind::Trouble,
+      translated("The settings in %s cannot be removed: %s.", shown(path), g_strerror(errno)));
+}
+
+}  // namespace publishing

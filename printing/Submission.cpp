@@ -1,0 +1,120 @@
+#include "printing/Submission.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <glib.h>
+
+#include "printing/PrintError.h"
+#include "printing/PrintServer.h"
+#include "printing/Translation.h"
+
+namespace publishing {
+namespace {
+
+constexpr std::size_t kLongestTitle = 255;  // bytes of an IPP name
+
+// A server that answers with a reason refused; one that does not is in trouble.
+PrintError serverError(const std::string& what) {
+  const bool refused = cupsLastError() >= IPP_STATUS_ERROR_BAD_REQUEST &&
+                       cupsLastError() < IPP_STATUS_ERROR_INTERNAL &&
+                       cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND;
+  return {refused ? PrintError::Kind::Refused : PrintError::Kind::Trouble,
+          translated("%s: %s (print server %s)", what, cupsLastErrorString(), serverName())};
+}
+
+// A job on the server that is cancelled unless its document arrived completely.
+class UnfinishedJob {
+ public:
+  UnfinishedJob(http_t* http, cups_dest_t* queue, const CupsOptions& options,
+                const std::string& title)
+      : http_(http), queue_(queue), info_(cupsCopyDestInfo(http, queue)) {
+    if (!info_) {
+      throw serverError(translated("The queue %s cannot be used", queue->name));
+    }
+    if (cupsCreateDestJob(http, queue, info_.get(), &number_, title.c_str(), options.count(),
+                          options.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+      number_ = 0;
+      throw serverError(translated("The queue %s does not take the job", queue->name));
+    }
+  }
+  // Over a connection of its own: this one may stand in the middle of the document. Without a
+  // server there is nothing to cancel.
+  ~UnfinishedJob() {
+    if (number_ == 0) return;
+    try {
+      const HttpHandle http = connectToServer();
+      httpShutdown(http_);
+      cupsCancelJob2(http.get(), queue_->name, number_, 0);
+    } catch (const PrintError&) {
+      return;
+    }
+  }
+  UnfinishedJob(const UnfinishedJob&) = delete;
+  UnfinishedJob& operator=(const UnfinishedJob&) = delete;
+
+  void send(Document& document, const std::string& title, const SendProgress& progress) {
+    if (cupsStartDestDocument(http_, queue_, info_.get(), number_, title.c_str(), document.format(),
+                              0, nullptr, 1) != HTTP_STATUS_CONTINUE) {
+      throw serverError(translated("The queue %s does not take the document", queue_->name));
+    }
+    std::array<char, 64 * 1024> buffer{};
+    std::uint64_t sent = 0;
+    while (const std::size_t length = document.read(buffer.data(), buffer.size())) {
+      if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) {
+        throw serverError(translated("%s could not be sent completely", shown(document.path())));
+      }
+      sent += length;
+      if (progress && !progress(sent, std::max(sent, document.size()))) {
+        throw PrintError(PrintError::Kind::Refused, translated("The job was cancelled."));
+      }
+    }
+    if (cupsFinishDestDocument(http_, queue_, info_.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+      throw serverError(translated("%s could not be sent completely", shown(document.path())));
+    }
+  }
+
+  // The job is the printer's from now on.
+  int release() { return std::exchange(number_, 0); }
+
+ private:
+  http_t* http_;
+  cups_dest_t* queue_;
+  DestinationInfoHandle info_;
+  int number_ = 0;
+};
+
+}  // namespace
+
+int submit(const Printer& printer, const JobTicket& ticket, Document& document,
+           const std::string& title, const SendProgress& progress) {
+  if (!printer.isQueue()) {
+    throw PrintError(
+        PrintError::Kind::Usage,
+        translated("%s is no print queue: name one, or give the name of an output file.",
+                   shown(printer.name())));
+  }
+  checkJobTitle(title);
+  const CupsOptions options(printer.jobOptions(ticket));
+  const HttpHandle http = connectToServer();
+  const DestinationHandle queue = findQueue(http.get(), printer.name());
+  UnfinishedJob job(http.get(), queue.get(), options, title);
+  job.send(document, title, progress);
+  return job.release();
+}
+
+void checkJobTitle(const std::string& title) {
+  const bool valid =
+      !title.empty() && title.size() <= kLongestTitle &&
+      g_utf8_validate(title.data(), static_cast<gssize>(title.size()), nullptr) &&
+      std::none_of(title.begin(), title.end(), [](char byte) { return g_ascii_iscntrl(byte); });
+  if (valid) return;
+  throw PrintError(
+      PrintError::Kind::Refused,
+      translated("\"%s\" cannot be the title of a job: use 1 to 255 bytes of UTF-8 text "
+                 "in one line.",
+                 shown(title)));
+}
+
+}  // namespace publishing
