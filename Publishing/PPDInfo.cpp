@@ -14,6 +14,14 @@ std::optional<std::string> keyword(const char (&field)[Size]) {
   return stringFromPPD(field, PPDEncoding::UTF8);
 }
 
+void addOption(const ppd_option_t& option, PPDInfo::OptionsAndChoices& options) {
+  const auto name = keyword(option.keyword);
+  if (!name) return;
+  PPDInfo::Choices& choices = options[*name];
+  choices.clear();
+  PPDInfo::addChoicesFromOption(&option, choices);
+}
+
 void removeFirst(PPDInfo::Choices& choices, const char* choice) {
   const auto found = std::find(choices.begin(), choices.end(), choice);
   if (found != choices.end()) choices.erase(found);
@@ -41,14 +49,9 @@ void PPDInfo::loadAllOptionsAndChoices(const ppd_file_t* ppd) {
 }
 
 void PPDInfo::addOptionsFromGroup(const ppd_group_t* group, OptionsAndChoices& options) {
-  if (group == nullptr || group->options == nullptr) return;
+  if (group == nullptr) return;
   for (int index = 0; index < group->num_options; ++index) {
-    const ppd_option_t& option = group->options[index];
-    if (const auto name = keyword(option.keyword)) {
-      Choices& choices = options[*name];
-      choices.clear();
-      addChoicesFromOption(&option, choices);
-    }
+    if (group->options != nullptr) addOption(group->options[index], options);
     if (group->subgroups == nullptr) continue;
     for (int subgroup = 0; subgroup < group->num_subgroups; ++subgroup) {
       addOptionsFromGroup(&group->subgroups[subgroup], options);
@@ -120,7 +123,7 @@ void PPDInfo::loadAllConstraintsFromPPD(const ppd_file_t* ppd) {
 
 void PPDInfo::addConstraintsForOption1(const std::string& o1, const std::string& c1,
                                        const std::string& o2, const std::string& c2) {
-  if (!constraintsDict) constraintsDict.emplace();
+  if (!constraintsDict) return;
   ConstrainedChoices& constrained = (*constraintsDict)[o1];
   const Choices firstSide = c1.empty() ? getAllConstrainableChoicesFromOption(o1) : Choices{c1};
   const Choices secondSide = c2.empty() ? getAllConstrainableChoicesFromOption(o2) : Choices{c2};

@@ -66,7 +66,8 @@ class PPDInfo {
   void loadAllConstraintsFromPPD(const ppd_file_t* ppd);
 
   // Enters one direction of a constraint: while `o2` has `c2` marked, `o1` must not be changed to
-  // `c1`. An empty choice stands for every constrainable choice of its option.
+  // `c1`. An empty choice stands for every constrainable choice of its option. Does nothing before
+  // the first load of constraints.
   void addConstraintsForOption1(const std::string& o1, const std::string& c1, const std::string& o2,
                                 const std::string& c2);
 

@@ -2,13 +2,14 @@
 // never makes, such as subgroups, null entries and unterminated keywords.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <deque>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <cups/array.h>
@@ -32,9 +33,10 @@ inline OpenedPPD openPPDFile(const std::string& path) {
 
 // The PPD with these lines after the header, its defaults marked.
 inline OpenedPPD openPPDText(const std::string& lines) {
-  std::string text = "*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines;
-  const std::unique_ptr<FILE, int (*)(FILE*)> file(fmemopen(text.data(), text.size(), "r"),
-                                                   &std::fclose);
+  const std::string text = "*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines;
+  const std::unique_ptr<FILE, int (*)(FILE*)> file(std::tmpfile(), &std::fclose);
+  std::fwrite(text.data(), 1, text.size(), file.get());
+  std::rewind(file.get());
   OpenedPPD ppd(ppdOpen(file.get()));
   if (ppd == nullptr) throw std::runtime_error("not a PPD:\n" + text);
   ppdMarkDefaults(ppd.get());
@@ -62,6 +64,12 @@ struct HandmadeGroup {
   std::vector<HandmadeGroup> subgroups = {};
 };
 
+using Groups = std::vector<HandmadeGroup>;
+
+inline Groups oneGroup(std::vector<HandmadeOption> options) {
+  return {{.options = std::move(options)}};
+}
+
 struct HandmadeConstraint {
   std::string option1, choice1, option2, choice2;
 };
@@ -76,7 +84,7 @@ void fillField(char (&field)[Size], const std::string& text) {
 // A PPD made without libcups, with its look-up arrays. Owns all that get() points to.
 class HandmadePPD {
  public:
-  explicit HandmadePPD(const std::vector<HandmadeGroup>& groups,
+  explicit HandmadePPD(const Groups& groups,
                        const std::vector<HandmadeConstraint>& constraints = {},
                        const char* manufacturer = nullptr)
       : marked_(cupsArrayNew(&byOption, nullptr), &cupsArrayDelete),
@@ -114,7 +122,7 @@ class HandmadePPD {
                        static_cast<ppd_option_t*>(second)->keyword, PPD_MAX_NAME);
   }
 
-  ppd_group_t* addGroups(const std::vector<HandmadeGroup>& groups) {
+  ppd_group_t* addGroups(const Groups& groups) {
     auto& made = groups_.emplace_back(groups.size());
     for (std::size_t index = 0; index < groups.size(); ++index) {
       made[index].options = addOptions(groups[index].options);

@@ -1,0 +1,276 @@
+#include "Publishing/PPDInfo.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/Publishing/PPDBuilder.h"
+
+namespace publishing {
+namespace {
+
+using test::Groups;
+using test::HandmadePPD;
+using test::oneGroup;
+using test::openPPDText;
+using test::optionLines;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::IsNull;
+using ::testing::Pointee;
+using ::testing::SizeIs;
+
+const std::string kTrays = optionLines("InputSlot", {"None", "Tray1", "Tray2"}, "Tray1");
+const std::string kSizes = optionLines("PageSize", {"A4", "A3"}, "A3");
+
+PPDInfo loaded(ppd_file_t* ppd) {
+  PPDInfo info;
+  info.loadPPDFile(ppd);
+  return info;
+}
+
+TEST(PPDInfo, KnowsNothingBeforeALoad) {
+  const PPDInfo info;
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), IsNull());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), std::nullopt);
+  EXPECT_FALSE(info.isOEMPPD());
+}
+
+TEST(PPDInfo, KeepsAllWhenGivenANullPPD) {
+  HandmadePPD ppd(oneGroup({{"InputSlot", {"Tray1", "Tray2"}, "Tray2"}}), {}, "Acme");
+  PPDInfo info = loaded(ppd.get());
+  info.loadPPDFile(nullptr);
+  info.loadAllOptionsAndChoices(nullptr);
+  info.reloadMarkedChoices(nullptr);
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Pointee(ElementsAre("Tray1", "Tray2")));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray2");
+  EXPECT_TRUE(info.isOEMPPD());
+}
+
+TEST(PPDInfo, ReplacesAllByTheNextPPD) {
+  HandmadePPD first(oneGroup({{"A", {"a"}, "a"}, {"B", {"b"}, "b"}}), {}, "Acme");
+  HandmadePPD second(oneGroup({{"B", {"c"}}}), {}, "Zephrel");
+  PPDInfo info = loaded(first.get());
+  info.loadPPDFile(second.get());
+  EXPECT_THAT(info.allChoicesForOption("A"), IsNull());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("A"), std::nullopt);
+  EXPECT_THAT(info.allChoicesForOption("B"), Pointee(ElementsAre("c")));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("B"), std::nullopt);
+  EXPECT_FALSE(info.isOEMPPD());
+}
+
+TEST(PPDInfo, NeedsNoPPDAfterTheLoad) {
+  PPDInfo info;
+  {
+    const auto ppd = openPPDText(kTrays);
+    info.loadPPDFile(ppd.get());
+  }
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Pointee(SizeIs(3)));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+}
+
+TEST(Catalogue, HoldsEveryChoiceInThePPDsOrder) {
+  const auto ppd = openPPDText(kTrays + optionLines("Duplex", {"False", "DuplexTumble", "Off"}));
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"),
+              Pointee(ElementsAre("None", "Tray1", "Tray2")));
+  EXPECT_THAT(info.allChoicesForOption("Duplex"),
+              Pointee(ElementsAre("False", "DuplexTumble", "Off")));
+  EXPECT_THAT(info.allChoicesForOption("Paper"), IsNull());
+  EXPECT_THAT(info.allChoicesForOption("inputslot"), IsNull());
+}
+
+TEST(Catalogue, MergesNoChoices) {
+  HandmadePPD ppd(oneGroup({{"A", {"x", "y", "x", ""}}}));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("x", "y", "x", "")));
+}
+
+TEST(Catalogue, HoldsOptionsWithoutChoices) {
+  HandmadePPD ppd(oneGroup({{"A", {}}}));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(IsEmpty()));
+}
+
+TEST(Catalogue, MatchesTheSamplePPD) {
+  const auto ppd = test::openPPDFile(TEST_DATA "/zephrel-ps-9000.ppd");
+  const PPDInfo info = loaded(ppd.get());
+  for (ppd_option_t* option = ppdFirstOption(ppd.get()); option != nullptr;
+       option = ppdNextOption(ppd.get())) {
+    std::vector<std::string> choices;
+    for (int index = 0; index < option->num_choices; ++index)
+      choices.emplace_back(option->choices[index].choice);
+    EXPECT_THAT(info.allChoicesForOption(option->keyword),
+                Pointee(::testing::ElementsAreArray(choices)));
+    const ppd_choice_t* marked = ppdFindMarkedChoice(ppd.get(), option->keyword);
+    EXPECT_EQ(info.currentMarkedChoiceForOption(option->keyword),
+              marked != nullptr ? std::optional<std::string>(marked->choice) : std::nullopt);
+  }
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+}
+
+TEST(Subgroups, AreVisitedAgainAfterEachOptionWithTheSameContent) {
+  HandmadePPD ppd(Groups{
+      {.options = {{"A", {"a"}}, {"B", {"b"}}}, .subgroups = {{{{"C", {"c1", "c2"}, "c2"}}}}}});
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption("A"), Pointee(ElementsAre("a")));
+  EXPECT_THAT(info.allChoicesForOption("B"), Pointee(ElementsAre("b")));
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(ElementsAre("c1", "c2")));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("C"), "c2");
+}
+
+TEST(Subgroups, OfAGroupWithoutOptionsStayOut) {
+  HandmadePPD ppd(Groups{{.options = {}, .subgroups = {{{{"D", {"d1", "d2"}, "d1"}}}}}});
+  ASSERT_NE(ppdFindMarkedChoice(ppd.get(), "D"), nullptr);
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption("D"), IsNull());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("D"), std::nullopt);
+}
+
+TEST(Subgroups, AreVisitedAtEveryDepth) {
+  HandmadePPD ppd(
+      Groups{{.options = {{"A", {"a"}}},
+              .subgroups = {{.options = {{"B", {"b"}}}, .subgroups = {{{{"C", {"c"}}}}}},
+                            {.options = {}, .subgroups = {{{{"D", {"d"}}}}}}}}});
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(ElementsAre("c")));
+  EXPECT_THAT(info.allChoicesForOption("D"), IsNull());
+}
+
+TEST(SameKeyword, TheLaterGroupWins) {
+  HandmadePPD ppd(Groups{{{{"A", {"first"}}}}, {{{"A", {"second", "third"}}}}});
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("second", "third")));
+}
+
+TEST(SameKeyword, TheLaterOptionOfAGroupWins) {
+  HandmadePPD ppd(oneGroup({{"A", {"first", "second"}}, {"B", {}}, {"A", {"third"}}}));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("third")));
+}
+
+TEST(SameKeyword, TheSubgroupsListStays) {
+  for (const auto& options :
+       std::vector<std::vector<test::HandmadeOption>>{{{"A", {"parent"}}},
+                                                      {{"A", {"parent"}}, {"B", {"b"}}},
+                                                      {{"B", {"b"}}, {"A", {"parent"}}}}) {
+    HandmadePPD ppd(Groups{{.options = options, .subgroups = {{{{"A", {"subgroup"}}}}}}});
+    EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("subgroup")));
+  }
+}
+
+TEST(SameKeyword, ALaterGroupWinsOverASubgroup) {
+  HandmadePPD ppd(Groups{{.options = {{"B", {"b"}}}, .subgroups = {{{{"A", {"subgroup"}}}}}},
+                         {.options = {{"A", {"later group"}}}}});
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("later group")));
+}
+
+TEST(NullEntries, AreSkipped) {
+  PPDInfo::Choices choices = {"before"};
+  PPDInfo::addChoicesFromOption(nullptr, choices);
+  EXPECT_THAT(choices, ElementsAre("before"));
+  PPDInfo::OptionsAndChoices options;
+  PPDInfo::addOptionsFromGroup(nullptr, options);
+  EXPECT_THAT(options, IsEmpty());
+
+  ppd_file_t ppd{};
+  ppd.num_groups = 1;
+  ppd.num_consts = 1;
+  PPDInfo info = loaded(&ppd);
+  info.loadAllConstraintsFromPPD(&ppd);
+  EXPECT_THAT(info.allChoicesForOption(""), IsNull());
+
+  ppd_option_t option{};
+  option.num_choices = 1;
+  PPDInfo::addChoicesFromOption(&option, choices);
+  EXPECT_THAT(choices, ElementsAre("before"));
+}
+
+TEST(NullEntries, DoNotKeepTheSubgroupsOfTheirGroupOut) {
+  HandmadePPD ppd(Groups{{.options = {}, .subgroups = {{{{"C", {"c"}}}}}}});
+  ppd_group_t group = ppd.get()->groups[0];
+  group.options = nullptr;
+  group.num_options = 1;
+  PPDInfo::OptionsAndChoices options;
+  PPDInfo::addOptionsFromGroup(&group, options);
+  EXPECT_THAT(options, SizeIs(1));
+  EXPECT_TRUE(options.contains("C"));
+}
+
+TEST(BrokenKeywords, WithoutTerminatorEndWithTheirArray) {
+  const std::string full(PPD_MAX_NAME, 'K');
+  HandmadePPD ppd(oneGroup({{full, {full, "x"}, full}, {"A", {full}, full}}));
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption(full), Pointee(ElementsAre(full, "x")));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("A"), full);
+}
+
+TEST(BrokenKeywords, ThatAreNotUTF8AreLeftOut) {
+  HandmadePPD ppd(
+      oneGroup({{"A", {"good", "\xff", "b\xc3", "épais"}, "\xff"}, {"B\xe9", {"x"}}, {"C", {}}}));
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_THAT(info.allChoicesForOption("A"), Pointee(ElementsAre("good", "épais")));
+  EXPECT_EQ(info.currentMarkedChoiceForOption("A"), std::nullopt);
+  EXPECT_THAT(info.allChoicesForOption("B\xe9"), IsNull());
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(IsEmpty()));
+}
+
+TEST(MarkedChoices, HaveNoEntryForAnUnmarkedOption) {
+  const auto ppd = openPPDText(kTrays + optionLines("Duplex", {"None", "DuplexTumble"}));
+  const PPDInfo info = loaded(ppd.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+  EXPECT_EQ(info.currentMarkedChoiceForOption("Duplex"), std::nullopt);
+  EXPECT_EQ(info.currentMarkedChoiceForOption("Paper"), std::nullopt);
+}
+
+TEST(MarkedChoices, AreThoseOfTheLastReload) {
+  const auto ppd = openPPDText(kTrays + kSizes);
+  PPDInfo info = loaded(ppd.get());
+  ppdMarkOption(ppd.get(), "InputSlot", "Tray2");
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+  info.reloadMarkedChoices(ppd.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray2");
+  EXPECT_EQ(info.currentMarkedChoiceForOption("PageSize"), "A3");
+}
+
+TEST(MarkedChoices, AreLookedUpForTheCatalogueOnly) {
+  const auto first = openPPDText(kTrays);
+  const auto second = openPPDText(kTrays + kSizes);
+  PPDInfo info;
+  info.reloadMarkedChoices(first.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), std::nullopt);
+  info.loadPPDFile(first.get());
+  info.reloadMarkedChoices(second.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+  EXPECT_EQ(info.currentMarkedChoiceForOption("PageSize"), std::nullopt);
+}
+
+TEST(MarkedChoices, StayWhenTheCatalogueAloneIsLoaded) {
+  const auto ppd = openPPDText(kTrays);
+  PPDInfo info = loaded(ppd.get());
+  const auto other = openPPDText(kSizes);
+  info.loadAllOptionsAndChoices(other.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), IsNull());
+}
+
+TEST(Manufacturer, IsForeignUnlessItContainsTheMakersName) {
+  const std::vector<std::pair<const char*, bool>> cases = {
+      {"Zephrel", false},       {"Made by Zephrel", false},
+      {"Zephrel Corp.", false}, {"xZephrelx", false},
+      {"Acme", true},           {"ZEPHREL", true},
+      {"zephrel", true},        {"Zephre", true},
+      {"Zeph rel", true},       {"", true},
+      {"Zéphrel", true},        {nullptr, false},
+      {"Acme \xff", false}};
+  for (const auto& [name, foreign] : cases) {
+    HandmadePPD ppd({}, {}, name);
+    EXPECT_EQ(loaded(ppd.get()).isOEMPPD(), foreign) << (name != nullptr ? name : "no name");
+  }
+}
+
+TEST(Manufacturer, ThatIsMissingForgetsTheEarlierOne) {
+  HandmadePPD named({}, {}, "Acme");
+  HandmadePPD unnamed({});
+  PPDInfo info = loaded(named.get());
+  ASSERT_TRUE(info.isOEMPPD());
+  info.loadPPDFile(unnamed.get());
+  EXPECT_FALSE(info.isOEMPPD());
+}
+
+}  // namespace
+}  // namespace publishing
