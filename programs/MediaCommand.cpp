@@ -1,5 +1,7 @@
 #include "programs/MediaCommand.h"
 
+#include <algorithm>
+#include <iomanip>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -18,7 +20,7 @@
 namespace publishing {
 namespace {
 
-using nlohmann::ordered_json;
+using nlohmann::json;
 
 struct MediaOptions {
   PrinterOption printer;
@@ -27,14 +29,13 @@ struct MediaOptions {
 };
 
 // The items of one pop-up as the panel offers them.
-ordered_json mediaOf(PanelUser& user, const Printer& printer, const char* popUp,
-                     const char* option) {
+json mediaOf(PanelUser& user, const Printer& printer, const char* popUp, const char* option) {
   const HeadlessPopUpButton& menu = user.popUp(popUp);
-  ordered_json items = ordered_json::array();
+  json items = json::array();
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
-    ordered_json item = {{"choice", user.choiceOfItem(option, index)},
-                         {"text", menu.itemTitleAtIndex(index)},
-                         {"allowed", menu.isItemEnabledAtIndex(index)}};
+    json item = {{"choice", user.choiceOfItem(option, index)},
+                 {"text", menu.itemTitleAtIndex(index)},
+                 {"allowed", menu.isItemEnabledAtIndex(index)}};
     if (!menu.isItemEnabledAtIndex(index)) {
       item["reason"] = reasonAgainstMedia(user.panel(), printer, option, index);
     }
@@ -43,14 +44,25 @@ ordered_json mediaOf(PanelUser& user, const Printer& printer, const char* popUp,
   return {{"option", option}, {"items", std::move(items)}};
 }
 
-void printMedia(const std::string& heading, const ordered_json& media) {
+std::size_t longestChoice(const json& items) {
+  std::size_t longest = 0;
+  for (const json& item : items) {
+    longest = std::max(longest, item["choice"].get_ref<const std::string&>().size());
+  }
+  return longest;
+}
+
+void printMedia(const std::string& heading, const json& media) {
+  const json& items = media["items"];
   std::cout << heading << " (" << media["option"].get<std::string>() << ")\n";
-  if (media["items"].empty()) std::cout << "  " << translated("none") << '\n';
-  for (const ordered_json& item : media["items"]) {
-    std::cout << "  " << item["choice"].get<std::string>() << "\t"
+  if (items.empty()) std::cout << "  " << translated("none") << '\n';
+  const auto width = static_cast<int>(longestChoice(items));
+  for (const json& item : items) {
+    std::cout << "  " << std::left << std::setw(width) << item["choice"].get<std::string>() << "  "
               << item["text"].get<std::string>();
     if (item.contains("reason")) {
-      std::cout << "\t" << translated("not available: %s", item["reason"].get<std::string>());
+      std::cout << " (" << translated("not available: %s", item["reason"].get<std::string>())
+                << ')';
     }
     std::cout << '\n';
   }
@@ -61,9 +73,9 @@ ExitStatus runMedia(const MediaOptions& options) {
   JobTicket ticket = printer.newTicket();
   setJobOptions(printer, ticket, options.marks);
   PanelUser user(printer, ticket);
-  const ordered_json report = {{"printer", printer.name()},
-                               {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
-                               {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
+  const json report = {{"printer", printer.name()},
+                       {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
+                       {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
   if (options.json) {
     std::cout << toLine(report) << '\n';
   } else {

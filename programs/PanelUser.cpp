@@ -17,6 +17,9 @@ struct PanelUser::Media {
   const char* option;
 };
 
+const PanelUser::Media PanelUser::kCover = {"CmMediaType", cCoverMediaType};
+const PanelUser::Media PanelUser::kInsert = {"PiMediaType", cPageMediaType};
+
 // A side's name on the command line, its check box, and what it takes to be offered.
 struct PanelUser::Side {
   const char* name;
@@ -75,6 +78,7 @@ void PanelUser::apply(const PanelRequest& request) {
 
 void PanelUser::applyCover(const PanelRequest& request) {
   if (request.cover) {
+    if (*request.cover != kNone) requireMedia(kCover);
     switchFeature("CmCheckBox", *request.cover != kNone);
     HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix("CmFrontandBackMatrix");
     const std::int64_t column = *request.cover == "front-back" ? 1 : 0;
@@ -87,7 +91,7 @@ void PanelUser::applyCover(const PanelRequest& request) {
         translated("There is no cover: --cover-media and --cover-sides need --cover front or "
                    "--cover front-back."));
   }
-  if (request.coverMedia) choose({"CmMediaType", cCoverMediaType}, *request.coverMedia);
+  if (request.coverMedia) choose(kCover, *request.coverMedia);
   if (request.coverSides) {
     tick({{"front-outside", "CmFrontOutside", kAlwaysOffered},
           {"front-inside", "CmFrontInside", kNeedsTwoSided},
@@ -99,6 +103,7 @@ void PanelUser::applyCover(const PanelRequest& request) {
 
 void PanelUser::applyInsert(const PanelRequest& request) {
   if (request.insert) {
+    if (*request.insert != kNone) requireMedia(kInsert);
     switchFeature("PiCheckBox", *request.insert != kNone);
     if (*request.insert != kNone) typePages(*request.insert);
   }
@@ -107,7 +112,7 @@ void PanelUser::applyInsert(const PanelRequest& request) {
     throw wrongUsage(
         translated("There are no inserts: --insert-media and --insert-sides need --insert LIST."));
   }
-  if (request.insertMedia) choose({"PiMediaType", cPageMediaType}, *request.insertMedia);
+  if (request.insertMedia) choose(kInsert, *request.insertMedia);
   if (request.insertSides) {
     tick({{"front", "PiPrintOnFront", kAlwaysOffered}, {"back", "PiPrintOnBack", kNeedsTwoSided}},
          *request.insertSides);
@@ -123,6 +128,14 @@ void PanelUser::switchFeature(const char* checkBox, bool on) {
                    "per side. Leave out --reverse and --number-up, or the covers and inserts."));
   }
   box.click();
+}
+
+void PanelUser::requireMedia(const Media& media) const {
+  if (popUp(media.popUp).numberOfItems() > 0) return;
+  throw refused(
+      translated("%s offers no media for this: its PPD has no choices of the option %s. "
+                 "Choose a printer that can do covers and inserts.",
+                 printer_.name(), media.option));
 }
 
 void PanelUser::choose(const Media& media, const std::string& wanted) {
@@ -147,12 +160,6 @@ std::string PanelUser::choiceOfItem(const char* option, std::int64_t index) cons
 
 std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) const {
   const HeadlessPopUpButton& menu = popUp(media.popUp);
-  if (menu.numberOfItems() == 0) {
-    throw refused(
-        translated("%s offers no media for this: its PPD has no choices of the option "
-                   "%s. Choose a printer that can do covers and inserts.",
-                   printer_.name(), media.option));
-  }
   std::optional<std::int64_t> byText;
   std::string known;
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {

@@ -49,10 +49,13 @@ class PanelUser {
  private:
   struct Media;
   struct Side;
+  static const Media kCover;
+  static const Media kInsert;
 
   void applyCover(const PanelRequest& request);
   void applyInsert(const PanelRequest& request);
   void switchFeature(const char* checkBox, bool on);
+  void requireMedia(const Media& media) const;
   void choose(const Media& media, const std::string& wanted);
   [[nodiscard]] std::int64_t itemOf(const Media& media, const std::string& wanted) const;
   void tick(const std::vector<Side>& sides, const std::vector<std::string>& wanted);

@@ -5,9 +5,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include "printing/PrintError.h"
 #include "printing/Translation.h"
 #include "programs/ExitStatus.h"
+#include "programs/MediaCommand.h"
 #include "programs/PagesCommand.h"
+#include "programs/PrintCommand.h"
+#include "programs/SettingsCommand.h"
 
 int main(int argc, char** argv) {
   using namespace publishing;
@@ -18,11 +22,17 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", "publishing " PUBLISHING_VERSION);
   app.require_subcommand(1);
   ExitStatus status = kDone;
+  addPrintCommand(app, status);
+  addMediaCommand(app, status);
   addPagesCommand(app, status);
+  addSettingsCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kWrongUsage;
+  } catch (const PrintError& error) {
+    std::cerr << "publishing: " << error.what() << '\n';
+    return error.exitStatus();
   } catch (const std::exception& error) {
     std::cerr << "publishing: " << error.what() << '\n';
     return kTrouble;

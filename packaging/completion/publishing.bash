@@ -1,0 +1,46 @@
+# Completion of publishing(1) for bash.
+
+# The words of one option's value, or nothing.
+_publishing_values() {
+  case $1 in
+    -d | --printer) lpstat -e 2>/dev/null ;;
+    --sides) echo one-sided two-sided-long-edge two-sided-short-edge ;;
+    --number-up) echo 1 2 4 6 9 16 ;;
+    --cover) echo none front front-back ;;
+    --cover-sides) echo none front-outside front-inside back-outside back-inside ;;
+    --insert-sides) echo none front back ;;
+  esac
+}
+
+_publishing_options() {
+  case $1 in
+    print) echo -d --printer --ppd -o --output --sides --number-up --reverse -n --copies -t --title \
+      --option --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
+      --remember --ignore-conflicts --dry-run --wait --json --help ;;
+    media) echo -d --printer --ppd --mark --json --help ;;
+    pages) echo --two-sided --cover-value --json --help ;;
+    settings) echo show clear -d --printer --json --help ;;
+    *) echo print media pages settings --version --help ;;
+  esac
+}
+
+_publishing() {
+  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+  local command=${COMP_WORDS[1]} values
+  ((COMP_CWORD == 1)) && command=
+  values=$(_publishing_values "$previous")
+  COMPREPLY=()
+  if [[ $values ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$values" -- "$word")
+  elif [[ $previous == --ppd || $previous == -o || $previous == --output ]]; then
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -f -- "$word")
+  elif [[ $word == -* || $COMP_CWORD == 1 || $command == settings ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
+  elif [[ $command == print ]]; then
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -f -- "$word")
+  fi
+}
+
+complete -F _publishing publishing
