@@ -46,6 +46,7 @@ Printer::Printer(std::string name, bool isQueue, std::optional<PPDDocument> ppd,
       ppd_(std::move(ppd)),
       defaults_(std::move(defaults)) {
   mark(JobTicket());
+  if (ppd_) defaultSides_ = ppd_->markedSides();
 }
 
 Printer Printer::fromDestination(http_t* http, const cups_dest_t& destination) {
@@ -80,9 +81,8 @@ JobTicket Printer::newTicket() const {
     const auto entry = defaults_.find(name);
     return entry == defaults_.end() ? std::string() : entry->second;
   };
-  const auto stated = sidesFromKeyword(valueOf("sides"));
-  ticket.setSides(stated ? *stated
-                         : (ppd_ ? ppd_->markedSides() : std::nullopt).value_or(Sides::OneSided));
+  const auto stated = defaultSides_ ? defaultSides_ : sidesFromKeyword(valueOf("sides"));
+  ticket.setSides(stated.value_or(Sides::OneSided));
   const int pages = std::atoi(valueOf("number-up").c_str());
   if (JobTicket::isLayout(pages)) ticket.setNumberUp(pages);
   if (valueOf(kOutputOrder) == "Reverse") ticket.setReverse(true);

@@ -59,6 +59,7 @@ class Printer {
   bool isQueue_;
   std::optional<PPDDocument> ppd_;
   JobTicket::Options defaults_;
+  std::optional<Sides> defaultSides_;  // of the PPD's marks before any ticket
 };
 
 }  // namespace publishing

@@ -92,7 +92,12 @@ std::optional<std::string> contentsOf(const std::string& path, std::string& reas
     return std::nullopt;
   }
   const Text owner(contents);
-  return std::string(contents, length);
+  std::string text(contents, length);
+  if (text.find('\0') != std::string::npos) {
+    reason = translated("it holds NUL bytes");
+    return std::nullopt;
+  }
+  return text;
 }
 
 // Runs `keep` with the first of FILE.broken-1, -2, ... that is free and answers that name; empty

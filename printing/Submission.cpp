@@ -15,11 +15,13 @@ namespace {
 
 constexpr std::size_t kLongestTitle = 255;  // bytes of an IPP name
 
-// A server that answers with a reason refused; one that does not is in trouble.
+// A server that says no refused; one that cannot is in trouble.
 PrintError serverError(const std::string& what) {
-  const bool refused = cupsLastError() >= IPP_STATUS_ERROR_BAD_REQUEST &&
-                       cupsLastError() < IPP_STATUS_ERROR_INTERNAL &&
-                       cupsLastError() != IPP_STATUS_ERROR_NOT_FOUND;
+  const ipp_status_t status = cupsLastError();
+  const bool refused =
+      (status >= IPP_STATUS_ERROR_BAD_REQUEST && status < IPP_STATUS_ERROR_INTERNAL &&
+       status != IPP_STATUS_ERROR_NOT_FOUND) ||
+      status == IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS;
   return {refused ? PrintError::Kind::Refused : PrintError::Kind::Trouble,
           translated("%s: %s (print server %s)", what, cupsLastErrorString(), serverName())};
 }
