@@ -23,9 +23,12 @@ const std::string& PublishingPDE::panelName() {
 }
 
 View* PublishingPDE::panelView() {
-  if (pdeView == nullptr) {
+  // initializeUI asks for the view in turn: a description that gives none is not loaded for ever.
+  if (pdeView == nullptr && !loadingView) {
+    loadingView = true;
     pluginBundle_->loadInterface("Publishing", *this);
     initializeUI();
+    loadingView = false;
   }
   return pdeView;
 }

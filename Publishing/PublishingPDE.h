@@ -39,7 +39,8 @@ class PublishingPDE final : public InterfaceOwner {
   // The localized name; the same string on every call.
   const std::string& panelName();
 
-  // The panel's view, loaded on the first call; null when the bundle has no interface for it.
+  // The panel's view, loaded on the first call; null when the bundle has no interface for it, which
+  // is then looked for again on the next call.
   View* panelView();
 
   // Always true: the panel asks not to be listed by itself. Whether a host heeds that is its rule.
@@ -164,6 +165,7 @@ class PublishingPDE final : public InterfaceOwner {
 
   PublishingSettings state_;
 
+  bool loadingView = false;
   View* pdeView = nullptr;
   Outlet<TabView> tabView;
   Outlet<CheckBox> CmCheckBox;

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <deque>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -13,8 +13,11 @@
 #include <vector>
 
 #include <cups/array.h>
+#include <cups/file.h>
 #include <cups/ppd.h>
 #include <strings.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace publishing::test {
 
@@ -31,16 +34,24 @@ inline OpenedPPD openPPDFile(const std::string& path) {
   return ppd;
 }
 
-// The PPD with these lines after the header, its defaults marked.
-inline OpenedPPD openPPDText(const std::string& lines) {
-  const std::string text = "*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines;
-  const std::unique_ptr<FILE, int (*)(FILE*)> file(std::tmpfile(), &std::fclose);
-  std::fwrite(text.data(), 1, text.size(), file.get());
-  std::rewind(file.get());
-  OpenedPPD ppd(ppdOpen(file.get()));
+// The PPD that these bytes make, its defaults marked. (libcups reads from descriptors only.)
+inline OpenedPPD openWholePPD(const std::string& text) {
+  const int memory = memfd_create("ppd", MFD_CLOEXEC);
+  if (memory < 0 || write(memory, text.data(), text.size()) != std::ssize(text)) {
+    throw std::runtime_error("cannot make a file in memory");
+  }
+  lseek(memory, 0, SEEK_SET);
+  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpenFd(memory, "r"),
+                                                                 &cupsFileClose);
+  OpenedPPD ppd(ppdOpen2(file.get()));
   if (ppd == nullptr) throw std::runtime_error("not a PPD:\n" + text);
   ppdMarkDefaults(ppd.get());
   return ppd;
+}
+
+// The PPD with these lines after the header, its defaults marked.
+inline OpenedPPD openPPDText(const std::string& lines) {
+  return openWholePPD("*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines);
 }
 
 // The lines of a PickOne option. No default when `marked` is empty.
