@@ -1,8 +1,9 @@
 #include "tests/tools/PanelScript.h"
 
 #include <charconv>
-#include <map>
 #include <stdexcept>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "shells/PanelDump.h"
@@ -61,37 +62,70 @@ void PanelScript::runLine(const std::string& line) {
 }
 
 void PanelScript::perform(const std::string& command, const std::string& argument) {
-  const auto [name, rest] = splitAtSpace(argument);
-  const std::map<std::string, std::function<void()>> commands = {
-      {"ppd", [&] { setPPD(argument); }},
-      {"mark", [&] { host_->mark(name, rest); }},
-      {"set", [&] { host_->printSettings().setValue(name, rest); }},
-      {"unset", [&] { host_->printSettings().setValue(name, std::nullopt); }},
-      {"duplex", [&] { setDuplex(argument); }},
-      {"dictionary", [&] { setDictionary(argument); }},
-      {"view", [&] { panel_->panelView(); }},
-      {"show", [&] { panel_->willShow(); }},
-      {"restore",
-       [&] {
-         const bool restored = panel_->restoreValuesAndReturnError();
-         output_ << toLine({{"restore", restored}}) << '\n';
-       }},
-      {"save",
-       [&] {
-         const bool saved = panel_->saveValuesAndReturnError();
-         output_ << toLine({{"save", saved}}) << '\n';
-       }},
-      {"click", [&] { stage_->click(known<CheckBox>(argument)); }},
-      {"radio", [&] { stage_->clickRadioCell(number(argument)); }},
-      {"choose", [&] { stage_->choose(known<PopUpButton>(name), number(rest)); }},
-      {"type", [&] { stage_->type(argument); }},
-      {"tab", [&] { stage_->selectTab(number(argument)); }},
-      {"summary", [&] { dumpSummary(); }},
-      {"dump", [&] { dump(); }},
+  using Perform = void (*)(PanelScript&, const std::string& argument);
+  static const std::unordered_map<std::string_view, Perform> commands = {
+      {"ppd", [](auto& script, const auto& file) { script.setPPD(file); }},
+      {"mark", [](auto& script, const auto& marking) { script.mark(marking); }},
+      {"set", [](auto& script, const auto& setting) { script.set(setting); }},
+      {"unset", [](auto& script, const auto& key) { script.unset(key); }},
+      {"duplex", [](auto& script, const auto& mode) { script.setDuplex(mode); }},
+      {"dictionary", [](auto& script, const auto& outcome) { script.setDictionary(outcome); }},
+      {"view", [](auto& script, const auto&) { script.panel_->panelView(); }},
+      {"show", [](auto& script, const auto&) { script.panel_->willShow(); }},
+      {"restore", [](auto& script, const auto&) { script.restore(); }},
+      {"save", [](auto& script, const auto&) { script.save(); }},
+      {"click", [](auto& script, const auto& name) { script.click(name); }},
+      {"radio", [](auto& script, const auto& column) { script.clickRadioCell(column); }},
+      {"choose", [](auto& script, const auto& item) { script.choose(item); }},
+      {"type", [](auto& script, const auto& text) { script.stage_->type(text); }},
+      {"tab", [](auto& script, const auto& index) { script.selectTab(index); }},
+      {"summary", [](auto& script, const auto&) { script.dumpSummary(); }},
+      {"dump", [](auto& script, const auto&) { script.dump(); }},
   };
   const auto found = commands.find(command);
   if (found == commands.end()) throw std::runtime_error("unknown command '" + command + "'");
-  found->second();
+  found->second(*this, argument);
+}
+
+void PanelScript::mark(const std::string& marking) {
+  const auto [option, choice] = splitAtSpace(marking);
+  host_->mark(option, choice);
+}
+
+void PanelScript::set(const std::string& setting) {
+  const auto [key, value] = splitAtSpace(setting);
+  host_->printSettings().setValue(key, value);
+}
+
+void PanelScript::unset(const std::string& key) {
+  host_->printSettings().setValue(key, std::nullopt);
+}
+
+void PanelScript::restore() {
+  const bool restored = panel_->restoreValuesAndReturnError();
+  output_ << toLine({{"restore", restored}}) << '\n';
+}
+
+void PanelScript::save() {
+  const bool saved = panel_->saveValuesAndReturnError();
+  output_ << toLine({{"save", saved}}) << '\n';
+}
+
+void PanelScript::click(const std::string& name) {
+  stage_->click(known<CheckBox>(name));
+}
+
+void PanelScript::clickRadioCell(const std::string& column) {
+  stage_->clickRadioCell(number(column));
+}
+
+void PanelScript::choose(const std::string& item) {
+  const auto [name, index] = splitAtSpace(item);
+  stage_->choose(known<PopUpButton>(name), number(index));
+}
+
+void PanelScript::selectTab(const std::string& index) {
+  stage_->selectTab(number(index));
 }
 
 void PanelScript::setPPD(const std::string& file) {

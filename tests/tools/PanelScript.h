@@ -45,10 +45,19 @@ class PanelScript {
  private:
   void perform(const std::string& command, const std::string& argument);
   void setPPD(const std::string& file);
+  void mark(const std::string& marking);
+  void set(const std::string& setting);
+  void unset(const std::string& key);
   void setDuplex(const std::string& mode);
   void setDictionary(const std::string& outcome);
-  void dump();
+  void restore();
+  void save();
+  void click(const std::string& name);
+  void clickRadioCell(const std::string& column);
+  void choose(const std::string& item);
+  void selectTab(const std::string& index);
   void dumpSummary();
+  void dump();
 
   // `name` itself; throws when the panel has no outlet of this kind and name.
   template <class ControlType>
