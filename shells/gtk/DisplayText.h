@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace publishing {
+
+// The text as the toolkit can show it: bytes that are not UTF-8, and zero bytes, become U+FFFD.
+std::string displayText(const std::string& text);
+
+// The same for a label in which "_" would mark a mnemonic: every "_" is shown as it stands.
+std::string displayLabel(const std::string& text);
+
+}  // namespace publishing

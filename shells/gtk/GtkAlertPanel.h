@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Publishing/platform/AlertPanel.h"
+#include "shells/gtk/GtkControls.h"
+
+namespace publishing {
+
+// Alerts as modal message dialogs above the window that holds the panel's view.
+class GtkAlertPanel final : public AlertPanel {
+ public:
+  // The view whose window the alerts belong to; null, as at first, for none.
+  void setView(const GtkView* view) { view_ = view; }
+
+  void runAlertPanel(const std::string& title, const std::string& message,
+                     const std::string& defaultButton) override;
+
+ private:
+  const GtkView* view_ = nullptr;
+};
+
+}  // namespace publishing

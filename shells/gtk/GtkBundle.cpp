@@ -1,0 +1,73 @@
+#include "shells/gtk/GtkBundle.h"
+
+#include <utility>
+
+#include "printing/Translation.h"
+
+extern "C" {
+#include "shells/gtk/resources.h"  // generated, C
+}
+
+namespace publishing {
+namespace {
+
+constexpr const char* kHelpBook = "Publishing Help";
+
+struct UnrefBytes {
+  void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
+};
+
+struct ClearError {
+  GError* error = nullptr;
+  ~ClearError() { g_clear_error(&error); }
+};
+
+}  // namespace
+
+std::string GtkBundle::localizedString(const std::string& key) const {
+  return translated(key.c_str());
+}
+
+bool GtkBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
+  const std::string resource = "/com/zephrel/publishing/" + name + ".ui";
+  const std::unique_ptr<GBytes, UnrefBytes> description(g_resource_lookup_data(
+      publishing_get_resource(), resource.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
+  if (description == nullptr) return false;
+  gsize size = 0;
+  const auto* text = static_cast<const char*>(g_bytes_get_data(description.get(), &size));
+  auto loaded = GtkInterface::make(text, static_cast<gssize>(size));
+  if (loaded == nullptr || !loaded->bind(owner)) return false;
+  interfaces_.push_back(std::move(loaded));
+  alertPanel_.setView(interface()->view());
+  owner.awakeFromNib();
+  return true;
+}
+
+bool GtkBundle::registerHelpBook() {
+  for (const gchar* const* language = g_get_language_names(); *language != nullptr; ++language) {
+    const GCharPtr page(g_build_filename(path_.c_str(), "help", *language, "index.html", nullptr));
+    if (g_file_test(page.get(), G_FILE_TEST_IS_REGULAR) == 0) continue;
+    helpPage_ = page.get();
+    return true;
+  }
+  return false;
+}
+
+std::int32_t GtkBundle::gotoHelpPage(const std::string& bookName) {
+  if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
+  const GCharPtr uri(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
+  if (uri == nullptr) return kNoHelpBook;
+  ClearError failure;
+  if (gtk_show_uri_on_window(nullptr, uri.get(), gtk_get_current_event_time(), &failure.error) !=
+      0) {
+    return 0;
+  }
+  g_message("The help cannot be shown: %s", failure.error->message);
+  return kNoHelpViewer;
+}
+
+GtkInterface* GtkBundle::interface() const {
+  return interfaces_.empty() ? nullptr : interfaces_.back().get();
+}
+
+}  // namespace publishing

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Publishing/platform/Bundle.h"
+#include "shells/gtk/GtkAlertPanel.h"
+#include "shells/gtk/GtkInterface.h"
+
+namespace publishing {
+
+// The plug-in's bundle for GTK programs. Texts come from the gettext catalogue "publishing"; the
+// interface description is compiled in; the help book is a folder of HTML pages that the desktop's
+// viewer shows, without a network.
+class GtkBundle final : public Bundle {
+ public:
+  // `path` is the folder that holds the help book "help". The user interface must be up (gtk_init).
+  explicit GtkBundle(std::string path) : path_(std::move(path)) {}
+
+  [[nodiscard]] std::string localizedString(const std::string& key) const override;
+  [[nodiscard]] std::string path() const override { return path_; }
+  bool loadInterface(const std::string& name, InterfaceOwner& owner) override;
+
+  // Finds the start page in the user's language, else in English; false when there is none.
+  bool registerHelpBook() override;
+
+  // 0 when a viewer was started, kNoHelpBook or kNoHelpViewer when not.
+  std::int32_t gotoHelpPage(const std::string& bookName) override;
+
+  [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
+
+  // The interface loaded last; null before the first load.
+  [[nodiscard]] GtkInterface* interface() const;
+
+  static constexpr std::int32_t kNoHelpBook = -1;
+  static constexpr std::int32_t kNoHelpViewer = -2;
+
+ private:
+  std::string path_;
+  std::string helpPage_;
+  GtkAlertPanel alertPanel_;
+  std::vector<std::unique_ptr<GtkInterface>> interfaces_;
+};
+
+}  // namespace publishing

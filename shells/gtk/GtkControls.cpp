@@ -1,0 +1,178 @@
+#include "shells/gtk/GtkControls.h"
+
+#include <iterator>
+#include <utility>
+
+#include "shells/gtk/DisplayText.h"
+
+namespace publishing {
+
+GtkCheckBox::GtkCheckBox(GtkCheckButton* button) : GtkControl(GTK_WIDGET(button)) {
+  // A click takes a mixed box to off: it is active, and the user sees no third state any more.
+  const auto settle = [](GtkToggleButton* toggled, gpointer) {
+    gtk_toggle_button_set_inconsistent(toggled, FALSE);
+  };
+  handlers_.connect(button, "toggled", G_CALLBACK(+settle), nullptr);
+}
+
+int GtkCheckBox::state() const {
+  if (gtk_toggle_button_get_inconsistent(button()) != 0) return -1;
+  return gtk_toggle_button_get_active(button()) != 0 ? 1 : 0;
+}
+
+void GtkCheckBox::setState(int state) {
+  const SignalHandlers::Block block(handlers_);
+  gtk_toggle_button_set_active(button(), state != 0);
+  gtk_toggle_button_set_inconsistent(button(), state < 0);
+}
+
+void GtkCheckBox::setAction(const char* signal, Action action) {
+  action_ = std::move(action);
+  const auto send = [](GtkToggleButton*, gpointer self) {
+    auto& box = *static_cast<GtkCheckBox*>(self);
+    box.action_(box);
+  };
+  handlers_.connect(button(), signal, G_CALLBACK(+send), this);
+}
+
+GtkRadioMatrix::GtkRadioMatrix(GtkContainer* container) : GtkControl(GTK_WIDGET(container)) {
+  GList* children = gtk_container_get_children(container);
+  for (const GList* child = children; child != nullptr; child = child->next) {
+    if (!GTK_IS_RADIO_BUTTON(child->data)) continue;
+    auto* button = GTK_TOGGLE_BUTTON(child->data);
+    cells_.push_back(std::make_unique<Cell>(Cell{this, shareGObject(button), {}}));
+  }
+  g_list_free(children);
+  auto* group = cells_.empty() ? nullptr : GTK_RADIO_BUTTON(cells_.front()->button.get());
+  noCell_ = shareGObject(GTK_TOGGLE_BUTTON(gtk_radio_button_new_from_widget(group)));
+  activate(noCell_.get());
+}
+
+std::int64_t GtkRadioMatrix::selectedColumn() const {
+  for (std::size_t column = 0; column < cells_.size(); ++column) {
+    if (gtk_toggle_button_get_active(cells_[column]->button.get()) != 0) {
+      return static_cast<std::int64_t>(column);
+    }
+  }
+  return -1;
+}
+
+void GtkRadioMatrix::selectCellAtRow(std::int64_t row, std::int64_t column) {
+  if (row == 0 && column >= 0 && column < std::ssize(cells_)) {
+    activate(cells_[static_cast<std::size_t>(column)]->button.get());
+  } else {
+    deselectAllCells();
+  }
+}
+
+void GtkRadioMatrix::deselectAllCells() {
+  if (allowsEmptySelection_) activate(noCell_.get());
+}
+
+void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal, Action action) {
+  for (const auto& cell : cells_) {
+    if (cell->button.get() != GTK_TOGGLE_BUTTON(button)) continue;
+    cell->action = action;
+    handlers_.connect(button, signal, G_CALLBACK(&GtkRadioMatrix::clicked), cell.get());
+  }
+}
+
+void GtkRadioMatrix::activate(GtkToggleButton* button) {
+  const SignalHandlers::Block block(handlers_);
+  gtk_toggle_button_set_active(button, TRUE);
+}
+
+// GTK also clicks the button that the user's click turns off.
+void GtkRadioMatrix::clicked(GtkToggleButton* button, gpointer cell) {
+  if (gtk_toggle_button_get_active(button) == 0) return;
+  const auto& clickedCell = *static_cast<Cell*>(cell);
+  clickedCell.action(*clickedCell.matrix);
+}
+
+GtkListStore* GtkPopUpButton::items() const {
+  return GTK_LIST_STORE(gtk_combo_box_get_model(comboBox()));
+}
+
+std::optional<GtkTreeIter> GtkPopUpButton::item(std::int64_t index) const {
+  GtkTreeIter place;
+  if (index < 0 || index >= numberOfItems() ||
+      !gtk_tree_model_iter_nth_child(GTK_TREE_MODEL(items()), &place, nullptr,
+                                     static_cast<gint>(index))) {
+    return std::nullopt;
+  }
+  return place;
+}
+
+void GtkPopUpButton::removeAllItems() {
+  titles_.clear();
+  gtk_list_store_clear(items());
+}
+
+void GtkPopUpButton::addItemsWithTitles(const std::vector<std::string>& titles) {
+  for (const std::string& title : titles) {
+    titles_.push_back(title);
+    gtk_list_store_insert_with_values(items(), nullptr, -1, kTitle, displayText(title).c_str(),
+                                      kSensitive, TRUE, -1);
+  }
+}
+
+std::int64_t GtkPopUpButton::numberOfItems() const {
+  return std::ssize(titles_);
+}
+
+std::string GtkPopUpButton::itemTitleAtIndex(std::int64_t index) const {
+  return titles_.at(static_cast<std::size_t>(index));
+}
+
+bool GtkPopUpButton::isItemEnabledAtIndex(std::int64_t index) const {
+  auto place = item(index);
+  gboolean sensitive = FALSE;
+  if (place) gtk_tree_model_get(GTK_TREE_MODEL(items()), &*place, kSensitive, &sensitive, -1);
+  return sensitive != 0;
+}
+
+void GtkPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
+  if (auto place = item(index)) {
+    gtk_list_store_set(items(), &*place, kSensitive, static_cast<gboolean>(enabled), -1);
+  }
+}
+
+void GtkPopUpButton::selectItemAtIndex(std::int64_t index) {
+  const bool exists = index >= 0 && index < numberOfItems();
+  gtk_combo_box_set_active(comboBox(), exists ? static_cast<gint>(index) : -1);
+}
+
+std::int64_t GtkPopUpButton::indexOfSelectedItem() const {
+  return gtk_combo_box_get_active(comboBox());
+}
+
+std::optional<std::string> GtkPopUpButton::titleOfSelectedItem() const {
+  const std::int64_t index = indexOfSelectedItem();
+  return index >= 0 ? std::optional(itemTitleAtIndex(index)) : std::nullopt;
+}
+
+std::int64_t GtkTabView::numberOfTabViewItems() const {
+  return gtk_notebook_get_n_pages(notebook());
+}
+
+std::string GtkTabView::tabViewItemLabelAtIndex(std::int64_t index) const {
+  GtkWidget* page = gtk_notebook_get_nth_page(notebook(), static_cast<gint>(index));
+  const gchar* label = gtk_notebook_get_tab_label_text(notebook(), page);
+  return label != nullptr ? label : "";
+}
+
+void GtkTabView::removeTabViewItemAtIndex(std::int64_t index) {
+  if (index < 0 || index >= numberOfTabViewItems()) return;
+  const SignalHandlers::Block block(handlers_);
+  gtk_notebook_remove_page(notebook(), static_cast<gint>(index));
+}
+
+void GtkTabView::setAction(const char* signal, std::function<void()> didSelect) {
+  didSelect_ = std::move(didSelect);
+  const auto send = [](GtkNotebook*, GtkWidget*, guint, gpointer self) {
+    static_cast<GtkTabView*>(self)->didSelect_();
+  };
+  handlers_.connect(notebook(), signal, G_CALLBACK(+send), this, G_CONNECT_AFTER);
+}
+
+}  // namespace publishing

@@ -1,0 +1,106 @@
+#include "shells/gtk/GtkTextField.h"
+
+#include <cstring>
+#include <utility>
+
+#include "shells/gtk/DisplayText.h"
+
+namespace publishing {
+namespace {
+
+// The byte at which the character begins; the text's end for -1 or a place behind it.
+std::size_t byteOfCharacter(const std::string& text, gint character) {
+  const glong count = g_utf8_strlen(text.c_str(), -1);
+  if (character < 0 || character > count) return text.size();
+  return static_cast<std::size_t>(g_utf8_offset_to_pointer(text.c_str(), character) - text.c_str());
+}
+
+}  // namespace
+
+GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)) {
+  handlers_.connect(entry, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
+  handlers_.connect(entry, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
+}
+
+GtkTextField::~GtkTextField() {
+  if (forgetSource_ != 0) g_source_remove(forgetSource_);
+}
+
+std::optional<std::string> GtkTextField::stringValue() const {
+  const std::string shown = gtk_entry_get_text(entry());
+  return shown == shownValue_ ? value_ : shown;
+}
+
+void GtkTextField::setStringValue(const std::string& value) {
+  show(displayText(value));
+  value_ = value;
+  shownValue_ = gtk_entry_get_text(entry());
+}
+
+void GtkTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
+  formatter_ = std::move(formatter);
+}
+
+void GtkTextField::show(const std::string& text) {
+  const SignalHandlers::Block block(handlers_);
+  if (text != gtk_entry_get_text(entry())) gtk_entry_set_text(entry(), text.c_str());
+}
+
+void GtkTextField::restore(const Content& content) {
+  show(content.text);
+  gtk_editable_set_position(editable(), content.cursor);
+}
+
+// GTK makes the deletion and the insertion of one keystroke in one go, before its main loop gets
+// the next event.
+void GtkTextField::rememberUntilNextEvent() {
+  if (forgetSource_ != 0) return;
+  beforeDeletion_ = {gtk_entry_get_text(entry()), gtk_editable_get_position(editable())};
+  forgetSource_ = g_idle_add_full(G_PRIORITY_HIGH, &GtkTextField::forget, this, nullptr);
+}
+
+gboolean GtkTextField::forget(gpointer self) {
+  auto& field = *static_cast<GtkTextField*>(self);
+  field.beforeDeletion_.reset();
+  field.forgetSource_ = 0;
+  return G_SOURCE_REMOVE;
+}
+
+bool GtkTextField::mayBecome(const std::string& edited) {
+  std::string shown = edited;
+  if (!formatter_->isPartialStringValid(edited, shown)) {
+    if (beforeDeletion_) restore(*beforeDeletion_);
+    return false;
+  }
+  if (shown == edited) return true;
+  show(displayText(shown));
+  gtk_editable_set_position(editable(), -1);
+  return false;
+}
+
+void GtkTextField::insertText(GtkEditable* editable, const gchar* text, gint length, gint* position,
+                              gpointer self) {
+  auto& field = *static_cast<GtkTextField*>(self);
+  if (field.formatter_ == nullptr) return;
+  std::string edited = gtk_entry_get_text(field.entry());
+  const std::size_t size = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
+  edited.insert(byteOfCharacter(edited, *position), text, size);
+  if (field.mayBecome(edited)) return;
+  *position = gtk_editable_get_position(editable);
+  g_signal_stop_emission_by_name(editable, "insert-text");
+}
+
+void GtkTextField::deleteText(GtkEditable* editable, gint start, gint end, gpointer self) {
+  auto& field = *static_cast<GtkTextField*>(self);
+  if (field.formatter_ == nullptr) return;
+  std::string edited = gtk_entry_get_text(field.entry());
+  const std::size_t first = byteOfCharacter(edited, start);
+  edited.erase(first, byteOfCharacter(edited, end) - first);
+  if (field.mayBecome(edited)) {
+    field.rememberUntilNextEvent();
+  } else {
+    g_signal_stop_emission_by_name(editable, "delete-text");
+  }
+}
+
+}  // namespace publishing

@@ -1,0 +1,75 @@
+// Draws the panel as a user sees it, one picture a tab and a kind of job:
+//   panel-screenshots PPD PREFIX [--rtl]
+// The toolkit's own switches (GDK_SCALE, GTK_THEME) change the look. Files are PREFIX...png.
+#include <iostream>
+#include <sstream>
+
+#include <gtk/gtk.h>
+
+#include "tests/tools/GtkStage.h"
+#include "tests/tools/PanelScript.h"
+
+namespace publishing {
+namespace {
+
+void wait(guint milliseconds) {
+  g_timeout_add(
+      milliseconds,
+      [](gpointer) {
+        gtk_main_quit();
+        return G_SOURCE_REMOVE;
+      },
+      nullptr);
+  gtk_main();
+}
+
+void draw(GtkStage& stage, const std::string& file) {
+  stage.shown();
+  gtk_window_resize(stage.window(), 1, 1);
+  wait(400);  // animations of the theme
+  GdkWindow* window = gtk_widget_get_window(GTK_WIDGET(stage.window()));
+  const GObjectPtr<GdkPixbuf> picture(gdk_pixbuf_get_from_window(
+      window, 0, 0, gdk_window_get_width(window), gdk_window_get_height(window)));
+  GError* error = nullptr;
+  if (gdk_pixbuf_save(picture.get(), file.c_str(), "png", &error, nullptr) == 0) {
+    std::cerr << file << ": " << error->message << '\n';
+    g_clear_error(&error);
+  }
+}
+
+void drawJob(const std::string& setUp, const std::string& prefix) {
+  GtkStage* stage = nullptr;
+  PanelScript script(
+      [&](AlertSink alerts) {
+        auto made = std::make_unique<GtkStage>(std::move(alerts));
+        stage = made.get();
+        return made;
+      },
+      std::cout);
+  std::istringstream commands(
+      setUp +
+      "view\nrestore\nshow\nclick CmCheckBox\nradio 1\nclick CmFrontOutside\n"
+      "click CmBackInside\nchoose CmMediaType 4\nclick PiCheckBox\ntype 5,8,12-14\n"
+      "choose PiMediaType 5\nclick PiPrintOnFront\n");
+  script.run(commands);
+  draw(*stage, prefix + "cover.png");
+  stage->selectTab(1);
+  draw(*stage, prefix + "insert.png");
+}
+
+}  // namespace
+}  // namespace publishing
+
+int main(int argc, char** argv) {
+  gtk_init(&argc, &argv);
+  if (argc < 3) {
+    std::cerr << "usage: panel-screenshots PPD PREFIX [--rtl]\n";
+    return 2;
+  }
+  if (argc > 3 && std::string(argv[3]) == "--rtl")
+    gtk_widget_set_default_direction(GTK_TEXT_DIR_RTL);
+  const std::string printer = std::string("ppd ") + argv[1] + "\n";
+  publishing::drawJob(printer, std::string(argv[2]) + "one-sided-");
+  publishing::drawJob(printer + "duplex 2\n", std::string(argv[2]) + "two-sided-");
+  return 0;
+}
