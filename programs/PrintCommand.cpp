@@ -120,11 +120,12 @@ std::string summaryOf(const PublishingPDE& panel) {
   return text;
 }
 
-// Sends the job, follows it when that is wanted, and completes the report.
+// Sends the job, follows it when that is wanted, and completes the report. What is to be remembered
+// is stored first: when that fails, nothing has been printed yet.
 ExitStatus sendJob(const PrintOptions& options, const Printer& printer, const JobTicket& ticket,
                    Document& document, const std::string& title, nlohmann::json& report) {
-  const int job = submit(printer, ticket, document, title);
   if (options.remember) StoredSettings().store(printer.name(), *ticket.copyAsDictionary());
+  const int job = submit(printer, ticket, document, title);
   report["job"] = job;
   if (!options.json) {
     std::cout << translated("Job %d is sent to %s.", job, printer.name()) << '\n';

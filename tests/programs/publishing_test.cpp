@@ -1,6 +1,4 @@
 // The program publishing as a user calls it, without a print server.
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -9,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/programs/Program.h"
+#include "tests/tools/TemporaryFolder.h"
 
 namespace publishing {
 namespace {
@@ -25,17 +24,12 @@ constexpr const char* kPPD = "tests/data/zephrel-ps-9000.ppd";
 
 class Publishing : public ::testing::Test {
  protected:
-  Publishing() : folder_(std::filesystem::temp_directory_path() / "publishing-test-XXXXXX") {
-    std::string name = folder_.string();
-    folder_ = mkdtemp(name.data());
-    document_ = write("document.ps", "%!PS\nshowpage\n");
-  }
-  ~Publishing() override { std::filesystem::remove_all(folder_); }
+  Publishing() : document_(write("document.ps", "%!PS\nshowpage\n")) {}
 
   // No server is reached: nothing listens at this address.
   [[nodiscard]] Outcome run(Words words) const {
     words.insert(words.begin(), PUBLISHING_PROGRAM);
-    return runProgram(words, {{"CUPS_SERVER", "127.0.0.1:1"}, {"XDG_CONFIG_HOME", folder_}});
+    return runProgram(words, {{"CUPS_SERVER", "127.0.0.1:1"}, {"XDG_CONFIG_HOME", folder_.path()}});
   }
 
   // "print" on the PPD, without printing.
@@ -46,22 +40,15 @@ class Publishing : public ::testing::Test {
     return run(words);
   }
 
-  std::string write(const std::string& name, const std::string& content) const {
-    const std::filesystem::path path = folder_ / name;
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
+  [[nodiscard]] std::string write(const std::string& name, const std::string& content) const {
+    return folder_.file(name, content);
   }
 
   [[nodiscard]] std::string path(const std::string& name) const { return folder_ / name; }
 
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   std::string document_;
 };
-
-std::string contentOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 TEST_F(Publishing, ChecksPageLists) {
   struct Case {
@@ -124,9 +111,9 @@ TEST_F(Publishing, HandsTheMediaToThePrinterInPostScript) {
            "front-back", "--cover-media", "Tray2", "--insert", "5,8,12-14", "--insert-media",
            "Tray 3", document_});
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
-  EXPECT_THAT(contentOf(output), AllOf(HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
-                                       HasSubstr("%%BeginFeature: *PageMediaType Tray3"),
-                                       HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble")));
+  EXPECT_THAT(contentsOfFile(output), AllOf(HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
+                                            HasSubstr("%%BeginFeature: *PageMediaType Tray3"),
+                                            HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble")));
 }
 
 TEST_F(Publishing, DryRunReportsStateAndJob) {
@@ -248,7 +235,7 @@ TEST_F(Publishing, NamesTheFileThatIsTrouble) {
       {{"print", "--ppd", kPPD, "--dry-run", path("absent.pdf")}, "absent.pdf"},
       {{"print", "--ppd", kPPD, "--dry-run", empty}, "empty.pdf"},
       {{"print", "--ppd", kPPD, "--dry-run", text}, "notes.txt"},
-      {{"print", "--ppd", kPPD, "--dry-run", folder_}, folder_.filename()},
+      {{"print", "--ppd", kPPD, "--dry-run", folder_.path()}, folder_.path()},
       {{"print", "--ppd", broken, "--dry-run", document_}, "broken.ppd"},
       {{"media", "--ppd", path("absent.ppd")}, "absent.ppd"},
       {{"print", "--ppd", kPPD, "-o", path("no/such/folder/out.ps"), document_}, "out.ps"},
@@ -263,7 +250,7 @@ TEST_F(Publishing, NamesTheFileThatIsTrouble) {
 }
 
 TEST_F(Publishing, WarnsOfAPPDThatWasCutOff) {
-  std::string whole = contentOf(std::string(SOURCE_FOLDER "/") + kPPD);
+  std::string whole = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
   const std::string cut = write("cut.ppd", whole.substr(0, whole.size() / 2));
   const Outcome outcome = run({"media", "--ppd", cut});
   EXPECT_EQ(outcome.status, 0);
@@ -274,7 +261,7 @@ TEST_F(Publishing, KeepsTheEarlierOutputWhenPrintingFails) {
   const std::string output = write("out.ps", "earlier");
   const Outcome outcome = run({"print", "--ppd", kPPD, "-o", output, "--insert", "5-5", document_});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(contentOf(output), "earlier");
+  EXPECT_EQ(contentsOfFile(output), "earlier");
 }
 
 TEST_F(Publishing, OffersNoMediaOnAPrinterWithoutTheOptions) {
