@@ -12,6 +12,7 @@
 
 #include <fcntl.h>
 #include <glib.h>
+#include <glib/gstdio.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -24,6 +25,7 @@ namespace publishing {
 namespace {
 
 constexpr const char* kProgram = "cupsfilter";
+constexpr std::size_t kBufferSize = 65536;
 
 PrintError trouble(const std::string& message) {
   return {PrintError::Kind::Trouble, message};
@@ -37,7 +39,7 @@ PrintError cannotWrite(const std::string& output, int error) {
 // Debian keeps the program where ordinary users do not look.
 std::string programPath() {
   if (char* found = g_find_program_in_path(kProgram)) {
-    const std::string path(found);
+    std::string path(found);
     g_free(found);
     return path;
   }
@@ -67,7 +69,7 @@ class OutputFile {
     struct stat information {};
     direct_ = stat(target.c_str(), &information) == 0 && !S_ISREG(information.st_mode);
     descriptor_ = direct_ ? open(target.c_str(), O_WRONLY | O_CLOEXEC)
-                          : mkostemp(temporary_.data(), O_CLOEXEC);
+                          : g_mkstemp_full(temporary_.data(), O_WRONLY | O_CLOEXEC, 0666);
     if (descriptor_ < 0) throw cannotWrite(target, errno);
   }
   ~OutputFile() {
@@ -80,13 +82,7 @@ class OutputFile {
   [[nodiscard]] int descriptor() const { return descriptor_; }
 
   void finish() {
-    if (!direct_) {
-      const mode_t mask = umask(0);
-      umask(mask);
-      if (fchmod(descriptor_, 0666 & ~mask) != 0 || fsync(descriptor_) != 0) {
-        throw cannotWrite(target_, errno);
-      }
-    }
+    if (!direct_ && fsync(descriptor_) != 0) throw cannotWrite(target_, errno);
     if (close(std::exchange(descriptor_, -1)) != 0) throw cannotWrite(target_, errno);
     if (direct_) return;
     if (rename(temporary_.c_str(), target_.c_str()) != 0) throw cannotWrite(target_, errno);
@@ -106,6 +102,7 @@ class Chain {
   explicit Chain(const std::vector<std::string>& arguments) : messages_(std::tmpfile()) {
     if (messages_ == nullptr) throw trouble(translated("No temporary file: %s", g_strerror(errno)));
     std::vector<const char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
       argv.push_back(argument.c_str());
     argv.push_back(nullptr);
@@ -172,7 +169,7 @@ void writeAll(int descriptor, const char* bytes, std::size_t length, const std::
 
 // The number of bytes copied.
 std::uint64_t copyAll(int from, int to, const std::string& output) {
-  std::array<char, 64 * 1024> buffer{};
+  std::array<char, kBufferSize> buffer{};
   std::uint64_t copied = 0;
   while (true) {
     const ssize_t length = read(from, buffer.data(), buffer.size());

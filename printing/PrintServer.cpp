@@ -44,7 +44,7 @@ PrintError noAnswer() {
 }  // namespace
 
 std::string serverName() {
-  const std::string server = cupsServer();
+  std::string server = cupsServer();
   if (server.starts_with('/')) return server;
   return server + ":" + std::to_string(ippPort());
 }

@@ -25,7 +25,7 @@ namespace publishing {
 namespace {
 
 constexpr const char* kGroup = "Publishing";
-constexpr goffset kLargestFile = 64 * 1024;  // bytes; a sound file has less than 4 KiB
+constexpr goffset kLargestFile = 65536;  // bytes; a sound file has less than 4 KiB
 constexpr std::size_t kLongestPlainName = 200;
 constexpr int kMostBrokenFiles = 999;
 

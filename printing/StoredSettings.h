@@ -38,7 +38,7 @@ class StoredSettings {
   void store(const std::string& queue, const Values& values) const;
 
   // Forgets the queue's settings; false when there were none. Throws PrintError (Trouble).
-  bool clear(const std::string& queue) const;
+  [[nodiscard]] bool clear(const std::string& queue) const;
 
   // The queue's file; the name is encoded so that every queue name makes a file name of its own.
   [[nodiscard]] std::string fileOf(const std::string& queue) const;

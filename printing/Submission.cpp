@@ -14,6 +14,7 @@ namespace publishing {
 namespace {
 
 constexpr std::size_t kLongestTitle = 255;  // bytes of an IPP name
+constexpr std::size_t kBufferSize = 65536;
 
 // A server that says no refused; one that cannot is in trouble.
 PrintError serverError(const std::string& what) {
@@ -61,7 +62,7 @@ class UnfinishedJob {
                               0, nullptr, 1) != HTTP_STATUS_CONTINUE) {
       throw serverError(translated("The queue %s does not take the document", queue_->name));
     }
-    std::array<char, 64 * 1024> buffer{};
+    std::array<char, kBufferSize> buffer{};
     std::uint64_t sent = 0;
     while (const std::size_t length = document.read(buffer.data(), buffer.size())) {
       if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) {
