@@ -12,7 +12,6 @@
 
 #include <fcntl.h>
 #include <glib.h>
-#include <glib/gstdio.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
