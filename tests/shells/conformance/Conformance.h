@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ namespace publishing {
 // How to get a shell's bundle with its alerts and the gestures of its user.
 struct Shell {
   std::function<std::unique_ptr<PanelStage>(AlertSink alerts)> makeStage;
+
+  // Names a test's parameter, which would be bytes otherwise.
+  friend void PrintTo(const Shell& /*shell*/, std::ostream* name) { *name << "shell"; }
 };
 
 // The interface description "Publishing", loaded for an owner that only records what happens.
@@ -64,6 +68,8 @@ class ShellConformance : public testing::TestWithParam<Shell> {
 struct PrintSettingsKind {
   std::function<std::unique_ptr<PrintSettings>()> make;
   std::function<void(PrintSettings&, std::int32_t mode)> setDuplex;
+
+  friend void PrintTo(const PrintSettingsKind& /*kind*/, std::ostream* name) { *name << "kind"; }
 };
 
 class PrintSettingsConformance : public testing::TestWithParam<PrintSettingsKind> {
