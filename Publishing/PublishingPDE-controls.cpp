@@ -10,24 +10,25 @@
 namespace publishing {
 
 std::vector<OutletBinding> PublishingPDE::outlets() {
+  const auto bound = [](const char* name, auto& outlet) { return OutletBinding{name, &outlet}; };
   return {
-      {"pdeView", &pdeView},
-      {"tabView", &tabView},
-      {"CmCheckBox", &CmCheckBox},
-      {"CmFrontandBackMatrix", &CmFrontandBackMatrix},
-      {"CmMediaType", &CmMediaType},
-      {"CmFrontOutside", &CmFrontOutside},
-      {"CmFrontInside", &CmFrontInside},
-      {"CmBackOutside", &CmBackOutside},
-      {"CmBackInside", &CmBackInside},
-      {"TiCheckBox", &TiCheckBox},
-      {"TiMediaType", &TiMediaType},
-      {"TiPrintOnBack", &TiPrintOnBack},
-      {"PiCheckBox", &PiCheckBox},
-      {"PiMediaType", &PiMediaType},
-      {"PiPrintOnBack", &PiPrintOnBack},
-      {"PiPrintOnFront", &PiPrintOnFront},
-      {"PiPageNum", &PiPageNum},
+      bound("pdeView", pdeView),
+      bound("tabView", tabView),
+      bound("CmCheckBox", CmCheckBox),
+      bound("CmFrontandBackMatrix", CmFrontandBackMatrix),
+      bound("CmMediaType", CmMediaType),
+      bound("CmFrontOutside", CmFrontOutside),
+      bound("CmFrontInside", CmFrontInside),
+      bound("CmBackOutside", CmBackOutside),
+      bound("CmBackInside", CmBackInside),
+      bound("TiCheckBox", TiCheckBox),
+      bound("TiMediaType", TiMediaType),
+      bound("TiPrintOnBack", TiPrintOnBack),
+      bound("PiCheckBox", PiCheckBox),
+      bound("PiMediaType", PiMediaType),
+      bound("PiPrintOnBack", PiPrintOnBack),
+      bound("PiPrintOnFront", PiPrintOnFront),
+      bound("PiPageNum", PiPageNum),
   };
 }
 
