@@ -7,6 +7,7 @@
 
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
+#include "programs/DialogCommand.h"
 #include "programs/ExitStatus.h"
 #include "programs/MediaCommand.h"
 #include "programs/PagesCommand.h"
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
   addMediaCommand(app, status);
   addPagesCommand(app, status);
   addSettingsCommand(app, status);
+  addDialogCommand(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -8,7 +8,7 @@
 
 namespace publishing {
 
-// The command line as the panel's host: one printer and one job ticket, both the caller's.
+// The panel's host as far as the panel sees it: one printer and one job ticket, both the caller's.
 class PrintHost final : public PDEPluginCallback {
  public:
   PrintHost(Printer& printer, JobTicket& ticket) : printer_(printer), ticket_(ticket) {}

@@ -1,0 +1,65 @@
+#include "shells/gtk/HostRules.h"
+
+#include <memory>
+
+#include "shells/gtk/GObjectPtr.h"
+
+namespace publishing {
+namespace {
+
+constexpr const char* kFile = "publishing/dialog/rules.ini";
+constexpr const char* kGroup = "Dialog";
+constexpr int kMostSeconds = 600;
+
+struct FreeKeyFile {
+  void operator()(GKeyFile* file) const { g_key_file_free(file); }
+};
+using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
+
+KeyFile readFile() {
+  KeyFile file(g_key_file_new());
+  const GCharPtr own(g_build_filename(g_get_user_config_dir(), kFile, nullptr));
+  if (g_key_file_load_from_file(file.get(), own.get(), G_KEY_FILE_NONE, nullptr) != 0) return file;
+  for (const gchar* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder) {
+    const GCharPtr path(g_build_filename(*folder, kFile, nullptr));
+    if (g_key_file_load_from_file(file.get(), path.get(), G_KEY_FILE_NONE, nullptr) != 0) break;
+  }
+  return file;
+}
+
+void readShowHidden(GKeyFile* file, HostRules& rules) {
+  GError* error = nullptr;
+  const bool show = g_key_file_get_boolean(file, kGroup, "ShowHiddenPanels", &error) != 0;
+  if (error == nullptr) {
+    rules.showHiddenPanels = show;
+  } else if (g_error_matches(error, G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
+    g_message("%s: ShowHiddenPanels is true or false", kFile);
+  }
+  g_clear_error(&error);
+  const gchar* overruled = g_getenv("PUBLISHING_SHOW_HIDDEN_PANELS");
+  if (overruled != nullptr) rules.showHiddenPanels = g_strcmp0(overruled, "0") != 0;
+}
+
+void readSeconds(GKeyFile* file, HostRules& rules) {
+  if (g_key_file_has_key(file, kGroup, "PrinterSeconds", nullptr) == 0) return;
+  const int seconds = g_key_file_get_integer(file, kGroup, "PrinterSeconds", nullptr);
+  if (seconds >= 1 && seconds <= kMostSeconds) {
+    rules.printerSeconds = static_cast<unsigned>(seconds);
+  } else {
+    g_message("%s: PrinterSeconds is a number between 1 and %d", kFile, kMostSeconds);
+  }
+}
+
+}  // namespace
+
+HostRules HostRules::load() {
+  HostRules rules;
+  const KeyFile file = readFile();
+  readShowHidden(file.get(), rules);
+  readSeconds(file.get(), rules);
+  const gchar* folder = g_getenv("PUBLISHING_DATA_DIR");
+  rules.dataFolder = folder != nullptr ? folder : PUBLISHING_DATA_DIR;
+  return rules;
+}
+
+}  // namespace publishing

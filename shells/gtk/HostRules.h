@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+namespace publishing {
+
+// What the administrator and the user decide about the panel in print dialogs. Read from the file
+// "publishing/dialog/rules.ini" in the user's configuration folder ($XDG_CONFIG_HOME) or else in
+// the system's ($XDG_CONFIG_DIRS):
+//
+//   [Dialog]
+//   ShowHiddenPanels=true   # show a panel although it asks not to be listed
+//   PrinterSeconds=10       # how long a printer may take to answer before the dialog says so
+//
+// The environment variable PUBLISHING_SHOW_HIDDEN_PANELS (1 or 0) overrules the file.
+struct HostRules {
+  bool showHiddenPanels = true;
+  unsigned printerSeconds = 10;  // 1 to 600
+
+  // The folder of the help book: $PUBLISHING_DATA_DIR, else where the program was installed to.
+  std::string dataFolder;
+
+  // A value that makes no sense is reported in the log and left at its default.
+  static HostRules load();
+};
+
+}  // namespace publishing

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <gtk/gtkunixprint.h>
+
+#include "shells/gtk/DialogPage.h"
+#include "shells/gtk/HostRules.h"
+#include "shells/gtk/HostedPanel.h"
+#include "shells/gtk/PrinterFetch.h"
+#include "shells/gtk/PrinterOptionSet.h"
+
+namespace publishing {
+
+// Drives the panel in a tab of a GTK print dialog: follows the selected printer and the dialog's
+// own tabs, keeps the dialog open when the user presses Print on a bad page list or on conflicting
+// choices, and puts what the panel saved among the options of the job. Belongs to the dialog and
+// goes with it.
+//
+// The panel asks not to be listed. It is shown all the same unless HostRules says otherwise.
+class PrintDialogHost {
+ public:
+  // Adds the tab to a dialog; must come before the program connects to its "response", best while
+  // it is constructed. False, with nothing done and the reason in the log, when this GTK lacks what
+  // is needed or the rules hide the panel. Does nothing for a dialog that has a host.
+  static bool attach(GtkPrintUnixDialog* dialog);
+
+  // To be called once before the first dialog is made: a dialog that makes its options before it is
+  // attached to has no place for the panel's choices.
+  static void prepare() { PrinterOptionSet::watch(); }
+
+  PrintDialogHost(const PrintDialogHost&) = delete;
+  PrintDialogHost& operator=(const PrintDialogHost&) = delete;
+  ~PrintDialogHost();
+
+ private:
+  PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules);
+
+  void connect();
+  void followPrinter();
+  void showPrinter(std::unique_ptr<Printer> printer, const std::string& problem);
+  void showMessage(const std::string& text, bool waiting = false);
+
+  // Brings the panel and the dialog's own tabs in step, the user's last choice winning.
+  void refresh();
+  void refreshSoon();
+  // Shows the panel's media in the dialog's own tabs.
+  void giveMedia();
+  void giveStoredMedia();
+  void panelChanged();
+  void showHelp();
+
+  // Whether the job may be printed as it is.
+  bool mayPrint();
+  void handOver(const JobTicket::Options& settings) const;
+  void bringToFront();
+
+  [[nodiscard]] bool isInFront() const { return gtk_widget_get_mapped(page_.content()) != 0; }
+
+  GtkPrintUnixDialog* dialog_;
+  HostRules rules_;
+  DialogPage page_;
+  PrinterOptionSet options_;
+  SignalHandlers optionHandlers_;
+  std::unique_ptr<PrinterFetch> fetch_;
+  std::unique_ptr<HostedPanel> panel_;
+  guint refreshSource_ = 0;
+  SignalHandlers handlers_;
+};
+
+}  // namespace publishing
