@@ -9,6 +9,22 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 # The PPD interface of libcups is deprecated as a whole and has no successor in libcups 2.
 add_compile_options(-Wno-deprecated-declarations)
 
+# Hardening, on for every build that it does not get in the way of; tests/tools/check-hardening looks
+# for it in what was built.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES C CXX)
+add_compile_options(-fstack-protector-strong)
+add_compile_definitions($<$<COMPILE_LANGUAGE:CXX>:_GLIBCXX_ASSERTIONS>)
+add_link_options(-Wl,-z,relro,-z,now)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|i.86|AMD64")
+  add_compile_options(-fcf-protection)
+endif()
+if(NOT PUBLISHING_SANITIZE AND NOT PUBLISHING_COVERAGE)
+  # Needs optimisation, and would hide the C library's calls from the sanitizers.
+  add_compile_options($<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+                      $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=3>)
+endif()
+
 if(PUBLISHING_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

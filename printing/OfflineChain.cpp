@@ -196,11 +196,23 @@ std::vector<std::string> argumentsFor(const std::string& ppd, JobTicket::Options
   return arguments;
 }
 
+// The filters run with the user's rights, not with those of a print server.
+void checkNoForeignProgram(const Printer& printer) {
+  const auto program = printer.ppd()->foreignProgram();
+  if (!program) return;
+  throw PrintError(
+      PrintError::Kind::Refused,
+      translated("The PPD %s runs a program of its own (%s), which is not done without "
+                 "a print server. Use the PPD of a PostScript printer.",
+                 shown(printer.name()), shown(*program)));
+}
+
 }  // namespace
 
 void printToFile(const Printer& printer, const JobTicket& ticket, const Document& document,
                  const std::string& title, const std::string& output) {
   checkJobTitle(title);
+  checkNoForeignProgram(printer);
   const auto arguments = argumentsFor(printer.name(), printer.jobOptions(ticket), document, title);
   OutputFile file(output);
   Chain chain(arguments);

@@ -12,7 +12,8 @@ namespace publishing {
 // Runs the CUPS filters for `printer`, a PPD alone, on the document and writes what the printer
 // would get to `output`: as a whole or, when anything fails, not at all, an earlier file then being
 // left alone. An output that is no regular file ("/dev/stdout") is written to directly. Throws
-// PrintError: Refused as Printer::jobOptions and checkJobTitle do, Trouble with the filters' own
+// PrintError: Refused as Printer::jobOptions and checkJobTitle do and for a PPD with a
+// PPDDocument::foreignProgram, Trouble with the filters' own
 // messages when the chain is not installed, fails, or its output cannot be written.
 void printToFile(const Printer& printer, const JobTicket& ticket, const Document& document,
                  const std::string& title, const std::string& output);

@@ -76,6 +76,57 @@ PPDHandle opened(const std::string& path, const std::string& name) {
   return ppd;
 }
 
+std::string checksumOf(const std::string& path) {
+  char* contents = nullptr;
+  gsize length = 0;
+  if (g_file_get_contents(path.c_str(), &contents, &length, nullptr) == FALSE) return {};
+  char* checksum = g_compute_checksum_for_data(G_CHECKSUM_SHA256,
+                                               reinterpret_cast<const guchar*>(contents), length);
+  std::string text(checksum);
+  g_free(checksum);
+  g_free(contents);
+  return text;
+}
+
+// The queue's PPD: a copy of the server's file or a link to it, which is ours to remove.
+class FetchedPPD {
+ public:
+  FetchedPPD(http_t* http, const std::string& queue) {
+    time_t modified = 0;
+    const http_status_t status =
+        cupsGetPPD3(http, queue.c_str(), &modified, path_.data(), path_.size());
+    if (status == HTTP_STATUS_OK || status == HTTP_STATUS_NOT_FOUND) return;
+    throw PrintError(PrintError::Kind::Trouble,
+                     translated("The print server does not hand out the PPD of the queue %s: %s.",
+                                queue, cupsLastErrorString()));
+  }
+  ~FetchedPPD() {
+    if (exists()) unlink(path_.data());
+  }
+  FetchedPPD(const FetchedPPD&) = delete;
+  FetchedPPD& operator=(const FetchedPPD&) = delete;
+
+  [[nodiscard]] bool exists() const { return path_.front() != '\0'; }
+  [[nodiscard]] std::string path() const { return path_.data(); }
+
+ private:
+  std::array<char, 1024> path_{};
+};
+
+// --- programs ---
+
+// A filter line is "TYPE COST PROGRAM" or "TYPE TYPE COST PROGRAM"; types have a slash as well.
+bool namesPath(const std::string& filter) {
+  std::istringstream words(filter);
+  std::string word;
+  bool afterCost = false;
+  while (words >> word) {
+    if (afterCost && word.find('/') != std::string::npos) return true;
+    afterCost = afterCost || word.find_first_not_of("0123456789") == std::string::npos;
+  }
+  return false;
+}
+
 // --- texts ---
 
 std::string textOf(std::string_view text, std::string_view keyword) {
@@ -212,27 +263,35 @@ std::string Conflict::text() const {
 
 PPDDocument PPDDocument::openFile(const std::string& path) {
   PPDHandle ppd = opened(path, path);
-  return {std::move(ppd), faultsOf(path, path)};
+  return {std::move(ppd), faultsOf(path, path), checksumOf(path)};
 }
 
 std::optional<PPDDocument> PPDDocument::fetch(http_t* http, const std::string& queue) {
-  std::array<char, 1024> path{};
-  time_t modified = 0;
-  const http_status_t status =
-      cupsGetPPD3(http, queue.c_str(), &modified, path.data(), path.size());
-  if (status == HTTP_STATUS_NOT_FOUND) return std::nullopt;
-  if (status != HTTP_STATUS_OK) {
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The print server does not hand out the PPD of the queue %s: %s.",
-                                queue, cupsLastErrorString()));
+  const FetchedPPD file(http, queue);
+  if (!file.exists()) return std::nullopt;
+  PPDHandle ppd = opened(file.path(), queue);
+  return PPDDocument(std::move(ppd), faultsOf(file.path(), queue), checksumOf(file.path()));
+}
+
+bool PPDDocument::isStillThatOf(http_t* http, const std::string& queue) const {
+  const FetchedPPD file(http, queue);
+  return file.exists() && checksumOf(file.path()) == checksum_;
+}
+
+std::optional<std::string> PPDDocument::foreignProgram() const {
+  for (int i = 0; i < ppd_->num_filters; ++i) {
+    if (namesPath(ppd_->filters[i])) return std::string("cupsFilter ") + ppd_->filters[i];
   }
-  // The copy, or the link to the server's own file, is ours to remove.
-  const struct Remover {
-    const char* file;
-    ~Remover() { unlink(file); }
-  } remover{path.data()};
-  PPDHandle ppd = opened(path.data(), queue);
-  return PPDDocument(std::move(ppd), faultsOf(path.data(), queue));
+  for (int i = 0; i < ppd_->num_attrs; ++i) {
+    const ppd_attr_t& attribute = *ppd_->attrs[i];
+    const std::string name(boundedView(attribute.name));
+    const std::string value = attribute.value != nullptr ? attribute.value : "";
+    if (name.starts_with("FoomaticRIP")) return name;
+    if ((name == "cupsFilter2" || name == "cupsPreFilter") && namesPath(value)) {
+      return name + " " + value;
+    }
+  }
+  return std::nullopt;
 }
 
 void PPDDocument::markDefaults() {
@@ -266,7 +325,7 @@ std::optional<Sides> PPDDocument::markedSides() const {
 
 std::vector<PPDChoice> PPDDocument::choices(const std::string& option) const {
   std::vector<PPDChoice> list;
-  const ppd_option_t* found = findOption(ppd_.get(), option);
+  const ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
   for (const ppd_choice_t& choice : choicesOf(found))
     list.push_back(described(*found, choice));
   return list;

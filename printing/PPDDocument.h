@@ -44,12 +44,21 @@ class PPDDocument {
   // driver). Throws as openFile does.
   static std::optional<PPDDocument> fetch(http_t* http, const std::string& queue);
 
+  // Whether the server still has the PPD for the queue that fetch() opened, byte by byte. Throws
+  // PrintError (Trouble) when it does not hand it out.
+  [[nodiscard]] bool isStillThatOf(http_t* http, const std::string& queue) const;
+
   // For the panel; owned by this object. Marks may be changed with mark() only.
   [[nodiscard]] ppd_file_t* get() const { return ppd_.get(); }
 
   // What is wrong with a PPD that could be opened all the same, for the user: it may have been cut
   // off, or keywords break the rules. Choices may be missing then.
   [[nodiscard]] const std::vector<std::string>& warnings() const { return warnings_; }
+
+  // The entry by which the PPD has the print filters run a program or a command line of its own
+  // choosing, with the rights of whoever runs the filters: "cupsFilter ... /tmp/program" or
+  // "FoomaticRIPCommandLine". Nothing for a PPD that names installed filters only, or none.
+  [[nodiscard]] std::optional<std::string> foreignProgram() const;
 
   // Marks the PPD's defaults and nothing else.
   void markDefaults();
@@ -64,7 +73,8 @@ class PPDDocument {
   // The sides that the marked choice of the PPD's duplex option means; nothing without one.
   [[nodiscard]] std::optional<Sides> markedSides() const;
 
-  // The option's choices in the PPD's order; none for an option that the PPD does not have.
+  // The option's choices in the PPD's order; none for an option that the PPD does not have. Finds
+  // an option that the PPD writes in another case too, as the panel does when it fills its menus.
   // Several entries may have the same keyword if the PPD lists it so.
   [[nodiscard]] std::vector<PPDChoice> choices(const std::string& option) const;
 
@@ -78,11 +88,12 @@ class PPDDocument {
   [[nodiscard]] std::vector<Conflict> conflicts() const;
 
  private:
-  PPDDocument(PPDHandle ppd, std::vector<std::string> warnings)
-      : ppd_(std::move(ppd)), warnings_(std::move(warnings)) {}
+  PPDDocument(PPDHandle ppd, std::vector<std::string> warnings, std::string checksum)
+      : ppd_(std::move(ppd)), warnings_(std::move(warnings)), checksum_(std::move(checksum)) {}
 
   PPDHandle ppd_;
   std::vector<std::string> warnings_;
+  std::string checksum_;  // of the file
 };
 
 }  // namespace publishing

@@ -143,7 +143,9 @@ void readEntry(Reading& reading, const std::string& group, const std::string& ke
   GError* failure = nullptr;
   const Text text(g_key_file_get_string(reading.file.get(), kGroup, key.c_str(), &failure));
   const Error owner(failure);
-  const auto fault = text ? faultOf(key, text.get()) : shown(failure->message);
+  // A value with an unknown escape comes with an error and a text.
+  const auto fault =
+      failure == nullptr ? faultOf(key, text.get()) : std::optional(shown(failure->message));
   if (fault) {
     reading.hasUnsoundValues = true;
     report(*fault);
@@ -178,6 +180,15 @@ Reading readFile(const std::string& path) {
     reading.faults.push_back(translated("%s cannot be read as settings: %s.", shown(path), reason));
   }
   return reading;
+}
+
+// A file that has the key twice gives its last entry, and removing that brings back the one before.
+void removeKey(GKeyFile* file, const char* key) {
+  while (g_key_file_remove_key(file, kGroup, key, nullptr) != FALSE) {
+    gsize length = 0;
+    const Text contents(g_key_file_to_data(file, &length, nullptr));
+    g_key_file_load_from_data(file, contents.get(), length, G_KEY_FILE_KEEP_COMMENTS, nullptr);
+  }
 }
 
 }  // namespace
@@ -228,13 +239,11 @@ void StoredSettings::store(const std::string& queue, const Values& values) const
     throw cannotWrite(path, g_strerror(errno));
   }
   for (const char* key : kStoredKeys) {
+    removeKey(earlier.file.get(), key);
     const auto value = values.find(key);
-    if (value == values.end()) {
-      g_key_file_remove_key(earlier.file.get(), kGroup, key, nullptr);
-    } else {
-      checkJobOption(key, value->second);
-      g_key_file_set_string(earlier.file.get(), kGroup, key, value->second.c_str());
-    }
+    if (value == values.end()) continue;
+    checkJobOption(key, value->second);
+    g_key_file_set_string(earlier.file.get(), kGroup, key, value->second.c_str());
   }
   gsize length = 0;
   const Text contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));

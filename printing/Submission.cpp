@@ -88,6 +88,16 @@ class UnfinishedJob {
   int number_ = 0;
 };
 
+// The choices were made from the PPD that was opened; in another one they may be missing or mean
+// something else.
+void checkSamePPD(http_t* http, const Printer& printer) {
+  if (printer.ppd() == nullptr || printer.ppd()->isStillThatOf(http, printer.name())) return;
+  throw PrintError(PrintError::Kind::Refused,
+                   translated("The driver of the queue %s was changed meanwhile. Look at the "
+                              "choices again, then print once more.",
+                              printer.name()));
+}
+
 }  // namespace
 
 int submit(const Printer& printer, const JobTicket& ticket, Document& document,
@@ -102,6 +112,7 @@ int submit(const Printer& printer, const JobTicket& ticket, Document& document,
   const CupsOptions options(printer.jobOptions(ticket));
   const HttpHandle http = connectToServer();
   const DestinationHandle queue = findQueue(http.get(), printer.name());
+  checkSamePPD(http.get(), printer);
   UnfinishedJob job(http.get(), queue.get(), options, title);
   job.send(document, title, progress);
   return job.release();

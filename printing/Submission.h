@@ -20,7 +20,8 @@ using SendProgress = std::function<bool(std::uint64_t sent, std::uint64_t total)
 // caller to do before, with PPDDocument::conflicts. Throws PrintError with the server's reason;
 // a job that was created but not sent completely is cancelled, so that nothing half-sent prints.
 // Kinds: Refused when the ticket or the title (checkJobTitle) cannot be sent, the server refused
-// the job, or `progress` cancelled it; Usage for a printer without a queue; Trouble otherwise.
+// the job, `progress` cancelled it, or the queue got another PPD since `printer` was opened; Usage
+// for a printer without a queue; Trouble otherwise.
 int submit(const Printer& printer, const JobTicket& ticket, Document& document,
            const std::string& title, const SendProgress& progress = {});
 

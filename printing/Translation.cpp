@@ -15,10 +15,14 @@ std::string shown(const std::string& bytes) {
   constexpr std::size_t kLongest = 200;
   char* valid =
       g_utf8_make_valid(bytes.data(), static_cast<gssize>(std::min(bytes.size(), kLongest)));
-  std::string text(valid);
+  std::string text;
+  for (const char* place = valid; *place != '\0';) {
+    const char* next = g_utf8_next_char(place);
+    const bool control = g_unichar_iscntrl(g_utf8_get_char(place)) != FALSE;
+    text += control ? " " : std::string(place, next);
+    place = next;
+  }
   g_free(valid);
-  std::replace_if(
-      text.begin(), text.end(), [](char byte) { return g_ascii_iscntrl(byte); }, ' ');
   if (bytes.size() > kLongest) text += "...";
   return text;
 }

@@ -14,7 +14,7 @@ void checkChoice(const Printer& printer, const std::string& option, const std::s
   std::string known;
   for (const PPDChoice& candidate : printer.ppd()->choices(option)) {
     if (candidate.choice == choice) return;
-    known += "\n  " + candidate.choice + "  " + candidate.choiceText;
+    known += "\n  " + shown(candidate.choice) + "  " + candidate.choiceText;
   }
   if (known.empty()) return;  // not the PPD's: a job option for the server
   throw PrintError(PrintError::Kind::Refused,

@@ -15,7 +15,6 @@
 #include "programs/JobOption.h"
 #include "programs/PanelUser.h"
 #include "programs/PrinterOption.h"
-#include "shells/MediaReason.h"
 #include "shells/PanelDump.h"
 
 namespace publishing {
@@ -48,7 +47,7 @@ json mediaOf(PanelUser& user, const Printer& printer, const char* popUp, const c
 std::size_t longestChoice(const json& items) {
   std::size_t longest = 0;
   for (const json& item : items) {
-    longest = std::max(longest, item["choice"].get_ref<const std::string&>().size());
+    longest = std::max(longest, shown(item["choice"]).size());
   }
   return longest;
 }
@@ -59,8 +58,8 @@ void printMedia(const std::string& heading, const json& media) {
   if (items.empty()) std::cout << "  " << translated("none") << '\n';
   const auto width = static_cast<int>(longestChoice(items));
   for (const json& item : items) {
-    std::cout << "  " << std::left << std::setw(width) << item["choice"].get<std::string>() << "  "
-              << item["text"].get<std::string>();
+    std::cout << "  " << std::left << std::setw(width) << shown(item["choice"]) << "  "
+              << shown(item["text"]);
     if (item.contains("reason")) {
       std::cout << " (" << translated("not available: %s", item["reason"].get<std::string>())
                 << ')';

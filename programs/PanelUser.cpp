@@ -7,8 +7,7 @@
 #include "Publishing/global.h"
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
-#include "shells/MediaReason.h"
-#include "shells/PrintHost.h"
+#include "programs/PrintHost.h"
 
 namespace publishing {
 
@@ -46,6 +45,14 @@ PrintError wrongUsage(const std::string& message) {
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// The choice as a user reads it, "Media Type: Transparency"; keywords where the PPD has no texts.
+std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked) {
+  for (const PPDChoice& choice : printer.ppd()->choices(marked.option)) {
+    if (choice.choice == marked.choice) return choice.optionText + ": " + choice.choiceText;
+  }
+  return shown(marked.option + ": " + marked.choice);
 }
 
 }  // namespace
@@ -135,9 +142,10 @@ void PanelUser::choose(const Media& media, const std::string& wanted) {
   const std::int64_t index = itemOf(media, wanted);
   HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(media.popUp);
   if (!popUp.isItemEnabledAtIndex(index)) {
-    throw refused(translated(
-        "%s is not available: %s. Choose another medium or change that setting.",
-        popUp.itemTitleAtIndex(index), reasonAgainstMedia(*panel_, printer_, media.option, index)));
+    throw refused(
+        translated("%s is not available: %s. Choose another medium or change that setting.",
+                   shown(popUp.itemTitleAtIndex(index)),
+                   reasonAgainstMedia(*panel_, printer_, media.option, index)));
   }
   popUp.choose(index);
 }
@@ -159,7 +167,7 @@ std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) co
     const std::string choice = choiceOfItem(media.option, index);
     if (choice == wanted) return index;
     if (!byText && menu.itemTitleAtIndex(index) == wanted) byText = index;
-    known += "\n  " + choice + "  " + menu.itemTitleAtIndex(index);
+    known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));
   }
   if (byText) return *byText;
   throw refused(
@@ -200,6 +208,15 @@ void PanelUser::save() {
     message += (message.empty() ? "" : "\n") + alert;
   alerts_.clear();
   throw refused(message);
+}
+
+std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printer,
+                               const char* mediaOption, std::int64_t index) {
+  std::string sides;
+  for (const auto& marked : panel.choicesForbiddingMedia(mediaOption, index)) {
+    sides += (sides.empty() ? "" : ", ") + describe(printer, marked);
+  }
+  return sides.empty() ? sides : translated("conflicts with %s", sides);
 }
 
 }  // namespace publishing

@@ -82,6 +82,33 @@ TEST_F(OfflineChain, RefusesTitlesAndOptionsBeforeAnythingRuns) {
   EXPECT_FALSE(std::filesystem::exists(folder_ / "out.ps"));
 }
 
+// The filters would run it with the user's rights.
+TEST_F(OfflineChain, RunsNoProgramThatThePPDNames) {
+  const std::string made = folder_ / "made";
+  const std::string program = folder_.file("program", "#!/bin/sh\ntouch '" + made + "'\ncat\n");
+  std::filesystem::permissions(program, std::filesystem::perms(0755));
+  const std::string lines[] = {
+      "*cupsFilter: \"application/vnd.cups-postscript 0 " + program + "\"\n",
+      "*cupsFilter: \"application/vnd.cups-postscript 0 ../../../.." + program + "\"\n",
+      "*cupsFilter2: \"application/vnd.cups-postscript application/postscript 0 " + program +
+          "\"\n",
+      "*cupsPreFilter: \"application/pdf 0 " + program + "\"\n",
+      "*FoomaticRIPCommandLine: \"" + program + "\"\n",
+  };
+  for (const std::string& line : lines) {
+    printer_ = Printer::openPPD(folder_.file("foreign.ppd", contentsOfFile(kSamplePPD) + line));
+    const PrintError error = errorOf([&] { print(kSamplePostScript, folder_ / "out.ps"); });
+    EXPECT_EQ(error.kind(), PrintError::Kind::Refused) << line;
+    EXPECT_THAT(error.what(), AllOf(HasSubstr("foreign.ppd"), HasSubstr(line.substr(1, 9))));
+    EXPECT_FALSE(std::filesystem::exists(made)) << line;
+  }
+  printer_ = Printer::openPPD(folder_.file(
+      "plain.ppd",
+      contentsOfFile(kSamplePPD) + "*cupsFilter: \"application/vnd.cups-postscript 0 -\"\n"));
+  print(kSamplePostScript, folder_ / "out.ps");
+  EXPECT_THAT(contentsOfFile(folder_ / "out.ps"), StartsWith("%!PS"));
+}
+
 TEST_F(OfflineChain, CopiesArePrinted) {
   ticket_.setCopies(3);
   print(kSamplePostScript, folder_ / "out.ps");

@@ -1,14 +1,10 @@
 #include "printing/StoredSettings.h"
 
-#include <atomic>
-#include <csignal>
 #include <filesystem>
 #include <set>
-#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "Publishing/PublishingKeys.h"
@@ -109,6 +105,7 @@ TEST(StoredSettings, ReportsUnsoundEntriesAndUsesTheOthers) {
                                        "VtPiIndex=" +
                                            std::string(300, '1') +
                                            "\nVtPageinsertNums=3\\n5\nVtUnspecified=\xFF\n"
+                                           "VtCoverModeValue=a\\q\n"
                                            "[Other]\nVtCmIndex=9\n");
   const auto loaded = settings.load("Queue");
   EXPECT_THAT(loaded.values, ElementsAre(Pair(kCmIndex, "2")));
@@ -117,6 +114,7 @@ TEST(StoredSettings, ReportsUnsoundEntriesAndUsesTheOthers) {
                                    AllOf(HasSubstr(path), HasSubstr("VtPiIndex")),
                                    AllOf(HasSubstr(path), HasSubstr("VtPageinsertNums")),
                                    AllOf(HasSubstr(path), HasSubstr("VtUnspecified")),
+                                   AllOf(HasSubstr(path), HasSubstr("VtCoverModeValue")),
                                    AllOf(HasSubstr(path), HasSubstr("VtCmIndex"))));
 }
 
@@ -130,6 +128,18 @@ TEST(StoredSettings, StoringKeepsUnknownEntriesAndACopyOfUnsoundOnes) {
               AllOf(HasSubstr("# mine"), HasSubstr("VtNew=x"), HasSubstr("[Other]\nKey=9")));
   EXPECT_EQ(contentsOfFile(path + ".broken-1"), before);
   EXPECT_THAT(settings.load("Queue").values, ElementsAre(Pair(kCmIndex, "1")));
+}
+
+TEST(StoredSettings, AnEntryThatStandsTwiceDoesNotComeBack) {
+  const TemporaryFolder folder;
+  const StoredSettings settings(folder.path());
+  (void)folder.file("Queue.conf",
+                    "[Publishing]\nVtPageinsertNums=3,\nVtCmIndex=1\n[Publishing]\nVtCmIndex=2\n"
+                    "VtPageinsertNums=5,\nVtPageinsertNums=7,\n");
+  EXPECT_THAT(settings.load("Queue").values,
+              UnorderedElementsAre(Pair(kPageinsertNums, "7,"), Pair(kCmIndex, "2")));
+  settings.store("Queue", {{kCmIndex, "3"}});
+  EXPECT_THAT(settings.load("Queue").values, ElementsAre(Pair(kCmIndex, "3")));
 }
 
 TEST(StoredSettings, KeepsBrokenFilesAside) {
@@ -188,67 +198,6 @@ TEST(StoredSettings, RefusesValuesThatItWouldNotTakeBack) {
     EXPECT_EQ(error.kind(), PrintError::Kind::Refused);
     EXPECT_EQ(settings.load("Queue").values, kSomeValues);
   }
-}
-
-// No file may grow beyond that many bytes while this lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int) = SIG_DFL;
-};
-
-TEST(StoredSettings, AFullDiskLeavesTheEarlierSettings) {
-  const TemporaryFolder folder;
-  const StoredSettings settings(folder.path());
-  settings.store("Queue", kSomeValues);
-  {
-    const FileSizeLimit limit(20);
-    const PrintError error = errorOf([&] { settings.store("Queue", {{kPageinsertNums, "7,"}}); });
-    EXPECT_EQ(error.kind(), PrintError::Kind::Trouble);
-    EXPECT_THAT(error.what(), HasSubstr("Queue.conf"));
-  }
-  EXPECT_EQ(settings.load("Queue").values, kSomeValues);
-  EXPECT_THAT(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
-}
-
-TEST(StoredSettings, ConcurrentStoresNeverMix) {
-  const TemporaryFolder folder;
-  const StoredSettings settings(folder.path());
-  const auto valuesOf = [](const std::string& word) {
-    return Values{{kCoverMediaType, word}, {kPageMediaType, word}, {kPageinsertNums, word}};
-  };
-  settings.store("Queue", valuesOf("start"));
-  std::atomic<bool> done = false;
-  const auto writer = [&](const std::string& word) {
-    for (int i = 0; i < 50; ++i)
-      settings.store("Queue", valuesOf(word + std::to_string(i)));
-  };
-  std::thread reader([&] {
-    while (!done) {
-      const auto loaded = settings.load("Queue");
-      EXPECT_THAT(loaded.warnings, IsEmpty());
-      EXPECT_EQ(loaded.values, valuesOf(loaded.values.at(kCoverMediaType)));
-    }
-  });
-  std::thread other([&] { writer("short"); });
-  writer("much-longer-word");
-  other.join();
-  done = true;
-  reader.join();
 }
 
 }  // namespace

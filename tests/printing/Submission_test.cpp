@@ -24,6 +24,7 @@ using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Key;
+using ::testing::Ne;
 using ::testing::Not;
 using ::testing::Pair;
 
@@ -272,6 +273,26 @@ TEST_F(Submission, AQueueRemovedMeanwhileIsReported) {
   EXPECT_THAT(error.what(), HasSubstr("ShortLived"));
 }
 
+TEST_F(Submission, APPDReplacedOrRemovedMeanwhileStopsTheJob) {
+  const TemporaryFolder ppds;
+  const std::string other =
+      ppds.file("other.ppd", changedPPD("*CoverMediaType Tray4/", "*CoverMediaType Tray9/"));
+  for (const std::string& change :
+       {"-P " + other, std::string("-m raw 2>/dev/null"), std::string("-x Changing")}) {
+    const std::string queue = change == "-x Changing" ? change : "-p Changing " + change;
+    cups_.addQueue("Changing", kSamplePPD);
+    const Printer printer = Printer::openQueue("Changing");
+    JobTicket ticket = printer.newTicket();
+    ticket.setValue(cCoverMediaType, "Tray4");
+    const int before = jobsOnServer();
+    ASSERT_EQ(std::system(("PATH=$PATH:/usr/sbin lpadmin " + queue).c_str()), 0);
+    EXPECT_THAT(errorOf([&] { print(printer, ticket); }).what(), HasSubstr("Changing")) << change;
+    EXPECT_EQ(jobsOnServer(), before);
+    // The PPD that was opened is still whole.
+    EXPECT_THAT(printer.ppd()->choice(cCoverMediaType, "Tray4"), Ne(std::nullopt));
+  }
+}
+
 TEST_F(Submission, AQueueWithoutPPDIsUsableWithAWarning) {
   ASSERT_EQ(std::system("PATH=$PATH:/usr/sbin lpadmin -p Raw -E -v file:///dev/null 2>/dev/null"),
             0);
@@ -312,6 +333,33 @@ TEST_F(Submission, AServerThatGoesAwayWhileTheDocumentIsSentIsReported) {
   });
   EXPECT_EQ(error.kind(), PrintError::Kind::Trouble);
   EXPECT_THAT(error.what(), HasSubstr("large.ps could not be sent completely"));
+  cups_.SetUp();
+  SetUpTestSuite();
+}
+
+TEST_F(Submission, AServerThatGoesAwayWhileAJobIsFollowedIsReported) {
+  std::ofstream(cups_.out() + "/block") << "";
+  const Printer printer = Printer::openQueue(kQueue);
+  const int job = print(printer, printer.newTicket());
+  const std::string server = cups_.server();
+  const PrintError error = errorOf([&] {
+    followJob(job, [this](const JobStatus& now) {
+      if (now.state == IPP_JSTATE_PROCESSING) cups_.TearDown();
+      return true;
+    });
+  });
+  EXPECT_EQ(error.kind(), PrintError::Kind::Trouble);
+  EXPECT_THAT(error.what(), AllOf(HasSubstr(server), HasSubstr("job " + std::to_string(job))));
+  cups_.SetUp();
+  SetUpTestSuite();
+}
+
+TEST_F(Submission, AServerThatGoesAwayBeforeTheJobIsSentIsReported) {
+  const Printer printer = Printer::openQueue(kQueue);
+  cups_.TearDown();
+  const PrintError error = errorOf([&] { print(printer, printer.newTicket()); });
+  EXPECT_EQ(error.kind(), PrintError::Kind::Trouble);
+  EXPECT_THAT(error.what(), HasSubstr("CUPS_SERVER"));
   cups_.SetUp();
   SetUpTestSuite();
 }

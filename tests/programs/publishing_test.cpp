@@ -257,6 +257,49 @@ TEST_F(Publishing, WarnsOfAPPDThatWasCutOff) {
   EXPECT_THAT(outcome.errors, AllOf(HasSubstr("cut.ppd"), HasSubstr("Install the printer's PPD")));
 }
 
+// A PPD may hold line breaks and commands for the terminal.
+TEST_F(Publishing, ShowsPPDTextsWithoutControlCharacters) {
+  std::string text = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
+  const std::string tray = "*CoverMediaType Tray2/Tray 2:";
+  const std::size_t place = text.find(tray);
+  ASSERT_NE(place, std::string::npos);
+  text.replace(place, tray.size(), "*CoverMediaType Tray2/A<0A>B<1B>[31m<C29B>x:");
+  const std::string ppd = write("odd.ppd", text);
+  EXPECT_THAT(run({"media", "--ppd", ppd}).output, HasSubstr("Tray2    A B [31m x\n"));
+  const Outcome unknown = run(
+      {"print", "--ppd", ppd, "--dry-run", "--cover", "front", "--cover-media", "No", document_});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_THAT(unknown.errors, HasSubstr("Tray2  A B [31m x\n"));
+}
+
+// The printer's PostScript would hold the text as it stands, with its parenthesis left open.
+TEST_F(Publishing, RefusesCustomValuesOfThePPDsOptions) {
+  const std::string ppd =
+      write("custom.ppd", contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD) +
+                              "*OpenUI *Note: PickOne\n*DefaultNote: None\n*Note None: \"\"\n"
+                              "*CloseUI: *Note\n*CustomNote True: \"pop\"\n"
+                              "*ParamCustomNote Text: 1 string 0 40\n");
+  for (const char* value : {"Custom.5\\", "{Text=5\\}", "Custom.a\nb"}) {
+    const Outcome outcome = run(
+        {"print", "--ppd", ppd, "--dry-run", "--option", std::string("Note=") + value, document_});
+    EXPECT_EQ(outcome.status, 1) << value;
+    EXPECT_THAT(outcome.errors, HasSubstr("Note"));
+  }
+}
+
+// libcups finds options in any case, so the panel offers them; a job names them as the panel does.
+TEST_F(Publishing, SurvivesAPPDThatWritesTheOptionsInAnotherCase) {
+  std::string text = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
+  for (std::size_t at = 0; (at = text.find("CoverMediaType", at)) != std::string::npos;)
+    text.replace(at, 14, "COVERMEDIATYPE");
+  const std::string ppd = write("case.ppd", text);
+  EXPECT_EQ(run({"media", "--ppd", ppd, "--json"}).status, 0);
+  const Outcome outcome = run({"print", "--ppd", ppd, "--dry-run", "--cover", "front",
+                               "--cover-media", "Tray2", document_});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("Tray2"), HasSubstr("CoverMediaType")));
+}
+
 TEST_F(Publishing, KeepsTheEarlierOutputWhenPrintingFails) {
   const std::string output = write("out.ps", "earlier");
   const Outcome outcome = run({"print", "--ppd", kPPD, "-o", output, "--insert", "5-5", document_});
