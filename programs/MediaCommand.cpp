@@ -15,6 +15,7 @@
 #include "programs/JobOption.h"
 #include "programs/PanelUser.h"
 #include "programs/PrinterOption.h"
+#include "shells/MediaReason.h"
 #include "shells/PanelDump.h"
 
 namespace publishing {

@@ -7,7 +7,8 @@
 #include "Publishing/global.h"
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
-#include "programs/PrintHost.h"
+#include "shells/MediaReason.h"
+#include "shells/PrintHost.h"
 
 namespace publishing {
 
@@ -45,14 +46,6 @@ PrintError wrongUsage(const std::string& message) {
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-// The choice as a user reads it, "Media Type: Transparency"; keywords where the PPD has no texts.
-std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked) {
-  for (const PPDChoice& choice : printer.ppd()->choices(marked.option)) {
-    if (choice.choice == marked.choice) return choice.optionText + ": " + choice.choiceText;
-  }
-  return shown(marked.option + ": " + marked.choice);
 }
 
 }  // namespace
@@ -208,15 +201,6 @@ void PanelUser::save() {
     message += (message.empty() ? "" : "\n") + alert;
   alerts_.clear();
   throw refused(message);
-}
-
-std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printer,
-                               const char* mediaOption, std::int64_t index) {
-  std::string sides;
-  for (const auto& marked : panel.choicesForbiddingMedia(mediaOption, index)) {
-    sides += (sides.empty() ? "" : ", ") + describe(printer, marked);
-  }
-  return sides.empty() ? sides : translated("conflicts with %s", sides);
 }
 
 }  // namespace publishing

@@ -10,7 +10,7 @@ std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked
   for (const PPDChoice& choice : printer.ppd()->choices(marked.option)) {
     if (choice.choice == marked.choice) return choice.optionText + ": " + choice.choiceText;
   }
-  return marked.option + ": " + marked.choice;
+  return shown(marked.option + ": " + marked.choice);
 }
 
 }  // namespace

@@ -10,29 +10,14 @@ void press(GtkWidget* button) {
   if (gtk_widget_is_sensitive(button) != 0) gtk_button_clicked(GTK_BUTTON(button));
 }
 
-std::string textProperty(GtkDialog* dialog, const char* property) {
-  gchar* text = nullptr;
-  g_object_get(dialog, property, &text, nullptr);
-  const GCharPtr owned(text);
-  return text != nullptr ? text : "";
-}
-
-// What the button's label shows.
-std::string labelOf(GtkWidget* button) {
-  return gtk_label_get_text(GTK_LABEL(gtk_bin_get_child(GTK_BIN(button))));
-}
-
 }  // namespace
 
 GtkStage::GtkStage(AlertSink alerts)
     : alerts_(std::move(alerts)),
       bundle_(std::make_shared<GtkBundle>("")),
-      window_(shareGObject(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
-      mapSignal_(g_signal_lookup("map", GTK_TYPE_WIDGET)),
-      mapHook_(g_signal_add_emission_hook(mapSignal_, 0, &GtkStage::mapped, this, nullptr)) {}
+      window_(shareGObject(gtk_window_new(GTK_WINDOW_TOPLEVEL))) {}
 
 GtkStage::~GtkStage() {
-  g_signal_remove_emission_hook(mapSignal_, mapHook_);
   gtk_widget_destroy(window_.get());
 }
 
@@ -108,27 +93,6 @@ void GtkStage::selectTab(std::int64_t index) {
       index != gtk_notebook_get_current_page(notebook)) {
     gtk_notebook_set_current_page(notebook, static_cast<gint>(index));
   }
-}
-
-gboolean GtkStage::mapped(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
-  auto& stage = *static_cast<GtkStage*>(self);
-  GObject* widget = G_OBJECT(g_value_get_object(values));
-  if (GTK_IS_MESSAGE_DIALOG(widget)) {
-    stage.alert_ = shareGObject(GTK_DIALOG(widget));
-    g_idle_add(&GtkStage::dismiss, self);
-  }
-  return TRUE;  // stay hooked
-}
-
-gboolean GtkStage::dismiss(gpointer self) {
-  auto& stage = *static_cast<GtkStage*>(self);
-  GtkDialog* alert = stage.alert_.get();
-  GtkWidget* button = gtk_window_get_default_widget(GTK_WINDOW(alert));
-  stage.alerts_(textProperty(alert, "text"), textProperty(alert, "secondary-text"),
-                labelOf(button));
-  gtk_window_activate_default(GTK_WINDOW(alert));
-  stage.alert_.reset();
-  return G_SOURCE_REMOVE;
 }
 
 }  // namespace publishing

@@ -3,13 +3,14 @@
 #include <string>
 
 #include "shells/gtk/GtkBundle.h"
+#include "tests/tools/AlertWatch.h"
 #include "tests/tools/PanelStage.h"
 
 namespace publishing {
 
 // A panel script's stage on real widgets: the panel's view stands in a window on the display, and
 // gestures are what the toolkit makes of a user's clicks and keys. Alerts are dismissed with their
-// default button as soon as they are seen.
+// default button as soon as they are on the display.
 class GtkStage final : public PanelStage {
  public:
   explicit GtkStage(AlertSink alerts);
@@ -34,17 +35,10 @@ class GtkStage final : public PanelStage {
   static void settle();
 
  private:
-  static gboolean mapped(GSignalInvocationHint* hint, guint count, const GValue* values,
-                         gpointer self);
-  static gboolean dismiss(gpointer self);
-
-  AlertSink alerts_;
+  AlertWatch alerts_;
   std::shared_ptr<GtkBundle> bundle_;
   GObjectPtr<GtkWidget> window_;
   const GtkInterface* inWindow_ = nullptr;
-  GObjectPtr<GtkDialog> alert_;
-  guint mapSignal_;
-  gulong mapHook_;
 };
 
 }  // namespace publishing
