@@ -1,6 +1,5 @@
 #include "Publishing/PPDFields.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include <unicode/ustring.h>
@@ -9,8 +8,10 @@ namespace publishing {
 namespace {
 
 bool isASCII(std::string_view bytes) {
-  return std::all_of(bytes.begin(), bytes.end(),
-                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  unsigned bits = 0;  // without an early end: keywords are short and nearly always ASCII
+  for (const char byte : bytes)
+    bits |= static_cast<unsigned char>(byte);
+  return bits < 0x80;
 }
 
 bool isUTF8(std::string_view bytes) {

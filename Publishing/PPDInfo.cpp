@@ -1,6 +1,7 @@
 #include "Publishing/PPDInfo.h"
 
 #include <algorithm>
+#include <bitset>
 
 #include "Publishing/PPDFields.h"
 
@@ -9,20 +10,56 @@ namespace {
 
 constexpr const char* kMaker = "Zephrel";
 
+// The keyword in that field; nothing when it is not valid UTF-8. Reads each byte once: a large PPD
+// has thousands of keywords, short and nearly all ASCII.
 template <std::size_t Size>
-std::optional<std::string> keyword(const char (&field)[Size]) {
-  return stringFromPPD(field, PPDEncoding::UTF8);
+std::optional<std::string_view> keyword(const char (&field)[Size]) {
+  unsigned bits = 0;
+  std::size_t length = 0;
+  for (; length < Size && field[length] != '\0'; ++length)
+    bits |= static_cast<unsigned char>(field[length]);
+  const std::string_view bytes(field, length);
+  return bits < 0x80 || isValidIn(bytes, PPDEncoding::UTF8) ? std::optional(bytes) : std::nullopt;
 }
 
-void addOption(const ppd_option_t& option, PPDInfo::OptionsAndChoices& options) {
+void addOption(const ppd_option_t& option, OptionCatalogue& options) {
   const auto name = keyword(option.keyword);
   if (!name) return;
-  PPDInfo::Choices& choices = options[*name];
-  choices.clear();
-  PPDInfo::addChoicesFromOption(&option, choices);
+  options.beginOption(*name);
+  PPDInfo::addChoicesFromOption(&option, options);
 }
 
-void removeFirst(PPDInfo::Choices& choices, const char* choice) {
+bool mirrored(const ppd_const_t& one, const ppd_const_t& other) {
+  return boundedView(one.choice1) == boundedView(other.choice2) &&
+         boundedView(one.choice2) == boundedView(other.choice1) &&
+         boundedView(one.option1) == boundedView(other.option2) &&
+         boundedView(one.option2) == boundedView(other.option1);
+}
+
+// A set of option keywords that all pass when it is empty. Most options of a PPD differ from those
+// wanted in the first byte already.
+class OptionFilter {
+ public:
+  explicit OptionFilter(const PPDInfo::Choices& options) : all_(options.empty()) {
+    for (const std::string& option : options) {
+      options_.add(option);
+      firstBytes_.set(static_cast<unsigned char>(option.c_str()[0]));
+    }
+  }
+
+  template <std::size_t Size>
+  [[nodiscard]] bool passes(const char (&field)[Size]) const {
+    if (!firstBytes_.test(static_cast<unsigned char>(field[0]))) return all_;
+    return options_.find(boundedView(field)) != KeywordPool::kNone;
+  }
+
+ private:
+  bool all_;
+  KeywordPool options_;
+  std::bitset<256> firstBytes_;
+};
+
+void removeFirst(OptionCatalogue::Choices& choices, std::string_view choice) {
   const auto found = std::find(choices.begin(), choices.end(), choice);
   if (found != choices.end()) choices.erase(found);
 }
@@ -41,14 +78,14 @@ void PPDInfo::loadPPDFile(ppd_file_t* ppd) {
 
 void PPDInfo::loadAllOptionsAndChoices(const ppd_file_t* ppd) {
   if (ppd == nullptr) return;
-  OptionsAndChoices& options = allOptionsAndChoicesDict.emplace();
+  OptionCatalogue& options = allOptionsAndChoicesDict.emplace();
   if (ppd->groups == nullptr) return;
-  for (int index = 0; index < ppd->num_groups; ++index) {
+  for (int index = 0; index < ppd->num_groups; ++index)
     addOptionsFromGroup(&ppd->groups[index], options);
-  }
+  options.shrink();
 }
 
-void PPDInfo::addOptionsFromGroup(const ppd_group_t* group, OptionsAndChoices& options) {
+void PPDInfo::addOptionsFromGroup(const ppd_group_t* group, OptionCatalogue& options) {
   if (group == nullptr) return;
   for (int index = 0; index < group->num_options; ++index) {
     if (group->options != nullptr) addOption(group->options[index], options);
@@ -59,36 +96,36 @@ void PPDInfo::addOptionsFromGroup(const ppd_group_t* group, OptionsAndChoices& o
   }
 }
 
-void PPDInfo::addChoicesFromOption(const ppd_option_t* option, Choices& choices) {
-  const auto all = choicesOf(option);
-  choices.reserve(choices.size() + all.size());
-  for (const ppd_choice_t& choice : all) {
-    if (auto name = keyword(choice.choice)) choices.push_back(std::move(*name));
+void PPDInfo::addChoicesFromOption(const ppd_option_t* option, OptionCatalogue& options) {
+  for (const ppd_choice_t& choice : choicesOf(option)) {
+    if (const auto name = keyword(choice.choice)) options.addChoice(*name);
   }
 }
 
 void PPDInfo::reloadMarkedChoices(ppd_file_t* ppd) {
   if (ppd == nullptr) return;
-  auto& marked = markedChoicesDict.emplace();
-  if (!allOptionsAndChoicesDict) return;
-  marked.reserve(allOptionsAndChoicesDict->size());
-  for (const auto& [option, choices] : *allOptionsAndChoicesDict) {
-    const ppd_choice_t* choice = ppdFindMarkedChoice(ppd, option.c_str());
-    if (choice == nullptr) continue;
-    if (auto name = keyword(choice->choice)) marked.emplace(option, std::move(*name));
+  MarkedChoices& marked = markedChoicesDict.emplace();
+  if (allOptionsAndChoicesDict) {
+    const KeywordPool& options = allOptionsAndChoicesDict->options();
+    for (KeywordPool::Id id = 0; id < options.size(); ++id) {
+      const std::string_view option = options.first(id);
+      const ppd_choice_t* choice = ppdFindMarkedChoice(ppd, option.data());
+      if (choice == nullptr) continue;
+      if (const auto name = keyword(choice->choice)) marked.mark(option, *name);
+    }
   }
+  marked.shrink();
+  applyMarkedChoices();
 }
 
-std::optional<std::string> PPDInfo::currentMarkedChoiceForOption(const std::string& option) const {
-  if (!markedChoicesDict) return std::nullopt;
-  const auto found = markedChoicesDict->find(option);
-  return found != markedChoicesDict->end() ? std::optional(found->second) : std::nullopt;
+std::optional<std::string> PPDInfo::currentMarkedChoiceForOption(std::string_view option) const {
+  const auto choice = markedChoicesDict ? markedChoicesDict->choiceOf(option) : std::nullopt;
+  return choice ? std::optional<std::string>(*choice) : std::nullopt;
 }
 
-const PPDInfo::Choices* PPDInfo::allChoicesForOption(const std::string& option) const {
-  if (!allOptionsAndChoicesDict) return nullptr;
-  const auto found = allOptionsAndChoicesDict->find(option);
-  return found != allOptionsAndChoicesDict->end() ? &found->second : nullptr;
+std::optional<OptionCatalogue::Choices> PPDInfo::allChoicesForOption(
+    std::string_view option) const {
+  return allOptionsAndChoicesDict ? allOptionsAndChoicesDict->choicesOf(option) : std::nullopt;
 }
 
 bool PPDInfo::isOEMPPD() const {
@@ -99,18 +136,20 @@ void PPDInfo::loadConstraintsFor(const Choices& options, const ppd_file_t* ppd) 
   if (ppd == nullptr) return;
   constraintsDict.emplace();
   if (ppd->consts == nullptr) return;
-  const std::unordered_set<std::string> filter(options.begin(), options.end());
+  const OptionFilter filter(options);
   for (int index = 0; index < ppd->num_consts; ++index) {
     const ppd_const_t& constraint = ppd->consts[index];
+    if (!filter.passes(constraint.option1) && !filter.passes(constraint.option2)) continue;
+    // Most PPDs list each constraint from both sides, one below the other.
+    if (index > 0 && mirrored(constraint, ppd->consts[index - 1])) continue;
     const auto o1 = keyword(constraint.option1);
     const auto o2 = keyword(constraint.option2);
     if (!o1 || !o2) continue;
-    if (!filter.empty() && !filter.contains(*o1) && !filter.contains(*o2)) continue;
-    const std::string c1 = keyword(constraint.choice1).value_or("");
-    const std::string c2 = keyword(constraint.choice2).value_or("");
-    addConstraintsForOption1(*o1, c1, *o2, c2);
-    addConstraintsForOption1(*o2, c2, *o1, c1);
+    enter(*o1, keyword(constraint.choice1).value_or(""), *o2,
+          keyword(constraint.choice2).value_or(""), Directions::kBoth);
   }
+  constraintsDict->shrink();
+  applyMarkedChoices();
 }
 
 void PPDInfo::loadConstraintsOnlyFor(const Choices& options, const ppd_file_t* ppd) {
@@ -121,45 +160,57 @@ void PPDInfo::loadAllConstraintsFromPPD(const ppd_file_t* ppd) {
   loadConstraintsFor({}, ppd);
 }
 
-void PPDInfo::addConstraintsForOption1(const std::string& o1, const std::string& c1,
-                                       const std::string& o2, const std::string& c2) {
+void PPDInfo::addConstraintsForOption1(std::string_view o1, std::string_view c1,
+                                       std::string_view o2, std::string_view c2) {
   if (!constraintsDict) return;
-  ConstrainedChoices& constrained = (*constraintsDict)[o1];
-  const Choices firstSide = c1.empty() ? getAllConstrainableChoicesFromOption(o1) : Choices{c1};
-  const Choices secondSide = c2.empty() ? getAllConstrainableChoicesFromOption(o2) : Choices{c2};
-  for (const std::string& choice : firstSide) {
-    constrained[choice][o2].insert(secondSide.begin(), secondSide.end());
-  }
+  enter(o1, c1, o2, c2, Directions::kOne);
+  applyMarkedChoices();
 }
 
-PPDInfo::Choices PPDInfo::getAllConstrainableChoicesFromOption(const std::string& option) const {
-  const Choices* all = allChoicesForOption(option);
-  if (all == nullptr) return {};
-  Choices constrainable = *all;
-  removeFirst(constrainable, "None");
-  removeFirst(constrainable, "False");
-  return constrainable;
+PPDInfo::Choices PPDInfo::getAllConstrainableChoicesFromOption(std::string_view option) const {
+  const OptionCatalogue::Choices choices = constrainableChoices(option);
+  return {choices.begin(), choices.end()};
 }
 
-bool PPDInfo::willAllowChangeOfOption(const std::string& option, const std::string& choice) const {
-  return choicesForbidding(option, choice).empty();
+bool PPDInfo::willAllowChangeOfOption(std::string_view option, std::string_view choice) const {
+  return !constraintsDict || constraintsDict->allows(option, choice);
 }
 
-std::vector<PPDInfo::MarkedChoice> PPDInfo::choicesForbidding(const std::string& option,
-                                                              const std::string& choice) const {
-  if (!constraintsDict || !markedChoicesDict) return {};
-  const auto constrained = constraintsDict->find(option);
-  if (constrained == constraintsDict->end()) return {};
-  const auto opponents = constrained->second.find(choice);
-  if (opponents == constrained->second.end()) return {};
-  std::vector<MarkedChoice> forbidding;
-  for (const auto& [other, choices] : opponents->second) {
-    const auto marked = markedChoicesDict->find(other);
-    if (marked != markedChoicesDict->end() && choices.contains(marked->second)) {
-      forbidding.push_back({other, marked->second});
-    }
-  }
-  return forbidding;
+std::vector<PPDInfo::MarkedChoice> PPDInfo::choicesForbidding(std::string_view option,
+                                                              std::string_view choice) const {
+  if (!constraintsDict) return {};
+  return constraintsDict->forbidding(option, choice);
+}
+
+OptionCatalogue::Choices PPDInfo::constrainableChoices(std::string_view option) const {
+  if (!allOptionsAndChoicesDict) return {};
+  OptionCatalogue::Choices choices =
+      allOptionsAndChoicesDict->choicesOf(option).value_or(OptionCatalogue::Choices());
+  removeFirst(choices, "None");
+  removeFirst(choices, "False");
+  return choices;
+}
+
+void PPDInfo::enter(std::string_view o1, std::string_view c1, std::string_view o2,
+                    std::string_view c2, Directions directions) {
+  const auto forEachChoice = [this](std::string_view option, std::string_view choice, auto visit) {
+    if (!choice.empty()) return visit(choice);
+    for (const std::string_view any : constrainableChoices(option))
+      visit(any);
+  };
+  forEachChoice(o1, c1, [&](std::string_view choice1) {
+    const auto id1 = constraintsDict->choiceId(o1, choice1);
+    forEachChoice(o2, c2, [&](std::string_view choice2) {
+      const auto id2 = constraintsDict->choiceId(o2, choice2);
+      constraintsDict->add(id1, id2);
+      if (directions == Directions::kBoth) constraintsDict->add(id2, id1);
+    });
+  });
+}
+
+// The table answers by the choices that are marked now, whichever of the two was loaded last.
+void PPDInfo::applyMarkedChoices() {
+  if (constraintsDict && markedChoicesDict) constraintsDict->setMarked(*markedChoicesDict);
 }
 
 }  // namespace publishing

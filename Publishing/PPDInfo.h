@@ -4,11 +4,14 @@
 
 #include <optional>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
+#include <string_view>
 #include <vector>
 
 #include <cups/ppd.h>
+
+#include "Publishing/ConstraintTable.h"
+#include "Publishing/MarkedChoices.h"
+#include "Publishing/OptionCatalogue.h"
 
 namespace publishing {
 
@@ -25,8 +28,7 @@ class PPDInfo {
  public:
   using Choices = std::vector<std::string>;
 
-  // Catalogue: option keyword to its choice keywords.
-  using OptionsAndChoices = std::unordered_map<std::string, Choices>;
+  using MarkedChoice = OptionChoice;
 
   // Replaces manufacturer, catalogue and marked choices; must come before any constraints are
   // loaded, which are expanded from the catalogue. Constraints of an earlier PPD stay until they
@@ -38,10 +40,10 @@ class PPDInfo {
 
   // Adds the options of a group. The subgroups are visited after every option of the group: those
   // of a group without options never, and a subgroup's option replaces one of the same keyword.
-  static void addOptionsFromGroup(const ppd_group_t* group, OptionsAndChoices& options);
+  static void addOptionsFromGroup(const ppd_group_t* group, OptionCatalogue& options);
 
-  // Appends the option's choices, one entry each, none left out or merged.
-  static void addChoicesFromOption(const ppd_option_t* option, Choices& choices);
+  // Appends the option's choices, one entry each and none merged, to the list begun last.
+  static void addChoicesFromOption(const ppd_option_t* option, OptionCatalogue& options);
 
   // Replaces the marked choices by those that libcups has marked now for the options of the
   // catalogue. An option without a marked choice has no entry.
@@ -49,10 +51,12 @@ class PPDInfo {
 
   // The choice marked at the last reload; nothing for none.
   [[nodiscard]] std::optional<std::string> currentMarkedChoiceForOption(
-      const std::string& option) const;
+      std::string_view option) const;
 
-  // The catalogue's own list, valid until the next load; null for an option that is not in it.
-  [[nodiscard]] const Choices* allChoicesForOption(const std::string& option) const;
+  // The catalogue's own keywords, valid until the next load; nothing for an option that is not in
+  // it.
+  [[nodiscard]] std::optional<OptionCatalogue::Choices> allChoicesForOption(
+      std::string_view option) const;
 
   // Whether the PPD is another maker's: its manufacturer is known and does not contain "Zephrel"
   // (case matters). A PPD that names no manufacturer, or one that is not valid UTF-8, answers
@@ -68,35 +72,33 @@ class PPDInfo {
   // Enters one direction of a constraint: while `o2` has `c2` marked, `o1` must not be changed to
   // `c1`. An empty choice stands for every constrainable choice of its option. Does nothing before
   // the first load of constraints.
-  void addConstraintsForOption1(const std::string& o1, const std::string& c1, const std::string& o2,
-                                const std::string& c2);
+  void addConstraintsForOption1(std::string_view o1, std::string_view c1, std::string_view o2,
+                                std::string_view c2);
 
   // The option's choices in catalogue order without the first "None" and the first "False": with
   // those a feature is off and conflicts with nothing. (libcups excludes "Off" as well.)
-  [[nodiscard]] Choices getAllConstrainableChoicesFromOption(const std::string& option) const;
+  [[nodiscard]] Choices getAllConstrainableChoicesFromOption(std::string_view option) const;
 
   // False when a choice that was marked at the last reload forbids the change.
-  [[nodiscard]] bool willAllowChangeOfOption(const std::string& option,
-                                             const std::string& choice) const;
+  [[nodiscard]] bool willAllowChangeOfOption(std::string_view option,
+                                             std::string_view choice) const;
 
   // The marked choices that forbid the change, to tell a user why; none when it is allowed.
-  struct MarkedChoice {
-    std::string option;
-    std::string choice;
-  };
-  [[nodiscard]] std::vector<MarkedChoice> choicesForbidding(const std::string& option,
-                                                            const std::string& choice) const;
+  [[nodiscard]] std::vector<MarkedChoice> choicesForbidding(std::string_view option,
+                                                            std::string_view choice) const;
 
  private:
-  using ChoiceSet = std::unordered_set<std::string>;
-  using Opponents = std::unordered_map<std::string, ChoiceSet>;             // by other option
-  using ConstrainedChoices = std::unordered_map<std::string, Opponents>;    // by choice
-  using Constraints = std::unordered_map<std::string, ConstrainedChoices>;  // by option
+  enum class Directions { kOne, kBoth };
+
+  [[nodiscard]] OptionCatalogue::Choices constrainableChoices(std::string_view option) const;
+  void enter(std::string_view o1, std::string_view c1, std::string_view o2, std::string_view c2,
+             Directions directions);
+  void applyMarkedChoices();
 
   std::optional<std::string> manufacturer;
-  std::optional<Constraints> constraintsDict;
-  std::optional<std::unordered_map<std::string, std::string>> markedChoicesDict;
-  std::optional<OptionsAndChoices> allOptionsAndChoicesDict;
+  std::optional<ConstraintTable> constraintsDict;
+  std::optional<MarkedChoices> markedChoicesDict;
+  std::optional<OptionCatalogue> allOptionsAndChoicesDict;
   // Reserved: the options to watch are handed to each load instead.
   std::optional<Choices> optionsToSupportConstraintsOn;
 };

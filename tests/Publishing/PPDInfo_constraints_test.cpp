@@ -11,8 +11,8 @@ using test::HandmadePPD;
 using test::oneGroup;
 using test::openPPDText;
 using test::optionLines;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
 
 const std::string kTrays = optionLines("InputSlot", {"L", "M", "N"}, "L");
 const std::string kCovers = optionLines("CoverMediaType", {"None", "P", "T"}, "None");
@@ -78,6 +78,17 @@ TEST(Constraints, AreEnteredInBothDirections) {
     EXPECT_TRUE(printer.allows("CoverMediaType", "P")) << sides;
     EXPECT_FALSE(printer.allows("InputSlot", "M")) << sides;
   }
+}
+
+TEST(Constraints, ListedFromBothSidesCountAsOne) {
+  Printer printer(kTrays + kCovers + kSides + constraint("*InputSlot M *CoverMediaType P") +
+                  constraint("*CoverMediaType P *InputSlot M") +
+                  constraint("*Duplex Off *InputSlot M"));
+  printer.mark("CoverMediaType", "P").mark("Duplex", "Off");
+  EXPECT_THAT(printer.info.choicesForbidding("InputSlot", "M"), ::testing::SizeIs(2));
+  printer.mark("CoverMediaType", "T").mark("InputSlot", "M");
+  EXPECT_FALSE(printer.allows("CoverMediaType", "P"));
+  EXPECT_FALSE(printer.allows("Duplex", "Off"));
 }
 
 TEST(Constraints, WithBothSidesEmptySetAllAgainstAll) {
@@ -308,15 +319,16 @@ TEST(ConstrainableChoices, LeaveOutTheFirstNoneAndTheFirstFalse) {
   EXPECT_THAT(PPDInfo().getAllConstrainableChoicesFromOption("A"), IsEmpty());
 }
 
-TEST(ForbiddingChoices, AreTheMarkedOnes) {
+TEST(ForbiddingChoices, AreTheMarkedOnesInTheOrderOfTheConstraints) {
   Printer printer(kTrays + kCovers + kSides + constraint("*InputSlot M *Duplex") +
-                  constraint("*CoverMediaType P *InputSlot M"));
+                  constraint("*CoverMediaType P *InputSlot M") +
+                  constraint("*InputSlot M *CoverMediaType P"));
   EXPECT_THAT(printer.info.choicesForbidding("InputSlot", "M"), IsEmpty());
   printer.mark("CoverMediaType", "P").mark("Duplex", "Off");
   std::vector<std::string> names;
   for (const auto& [option, choice] : printer.info.choicesForbidding("InputSlot", "M"))
     names.push_back(option + " " + choice);
-  EXPECT_THAT(names, UnorderedElementsAre("Duplex Off", "CoverMediaType P"));
+  EXPECT_THAT(names, ElementsAre("Duplex Off", "CoverMediaType P"));
   EXPECT_THAT(printer.info.choicesForbidding("InputSlot", "L"), IsEmpty());
 }
 
