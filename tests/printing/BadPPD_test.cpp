@@ -13,10 +13,11 @@ namespace {
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::Ge;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Pointee;
+using ::testing::Optional;
 using ::testing::SizeIs;
 
 class BadPPD : public ::testing::Test {
@@ -50,7 +51,7 @@ TEST_F(BadPPD, AnOptionListedTwiceBecomesOne) {
                                "*CloseUI: *InputSlot\n");
   const std::vector<std::string> keywords = keywordsOf(ppd, cInputSlot);
   EXPECT_EQ(keywords.back(), "Tray8");
-  EXPECT_THAT(model_.allChoicesForOption(cInputSlot), Pointee(keywords));
+  EXPECT_THAT(model_.allChoicesForOption(cInputSlot), Optional(ElementsAreArray(keywords)));
   EXPECT_EQ(model_.currentMarkedChoiceForOption(cInputSlot), "Tray3");
 }
 
