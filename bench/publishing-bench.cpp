@@ -183,13 +183,14 @@ std::vector<Comparison> registerComparisons(const std::vector<Sample>& samples) 
 }
 
 int run(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+
   std::string folder = "/tmp/publishing-bench.XXXXXX";
   if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("cannot make " + folder);
   const std::vector<Sample> samples = samplesIn(folder);
   const std::vector<Comparison> comparisons = registerComparisons(samples);
 
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   bool met = printRatios(comparisons, reporter);
