@@ -8,7 +8,7 @@ namespace publishing {
 
 JobStatus followWithProgress(int job) {
   const bool terminal = isatty(STDERR_FILENO) != 0;
-  const JobStatus last = followJob(job, [terminal](const JobStatus& status) {
+  JobStatus last = followJob(job, [terminal](const JobStatus& status) {
     constexpr const char* kBackAndErase = "\r\x1b[K";
     std::cerr << (terminal ? kBackAndErase : "") << status.text() << (terminal ? "" : "\n")
               << std::flush;

@@ -115,7 +115,8 @@ nlohmann::json reportOf(PublishingPDE& panel, const Printer& printer, const JobT
 std::string summaryOf(const PublishingPDE& panel) {
   std::string text;
   for (const auto& [feature, status] : panel.summaryInfo()) {
-    text += (text.empty() ? "" : ", ") + feature + ": " + status;
+    if (!text.empty()) text += ", ";
+    text.append(feature).append(": ").append(status);
   }
   return text;
 }
