@@ -8,6 +8,7 @@
 #include <glib.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "printing/OptionEncoding.h"
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
 
@@ -128,9 +129,21 @@ JobTicket::Options JobTicket::jobOptions() const {
   for (const auto& [name, value] : values_) {
     if (name.starts_with("com.apple.")) continue;
     checkJobOption(name, value);
+    if (const auto same = findJobOption(options, name); same != options.end()) {
+      throw PrintError(
+          PrintError::Kind::Refused,
+          translated("%s and %s are the same option to CUPS. Give it once.", same->first, name));
+    }
     options.emplace(name, value);
   }
   return options;
+}
+
+JobTicket::Options::const_iterator findJobOption(const JobTicket::Options& options,
+                                                 const std::string& name) {
+  return std::find_if(options.begin(), options.end(), [&name](const auto& option) {
+    return equalsIgnoringCase(option.first, name.c_str());
+  });
 }
 
 void checkJobOption(const std::string& name, const std::string& value) {
@@ -146,6 +159,19 @@ void checkJobOption(const std::string& name, const std::string& value) {
                      translated("The value \"%s\" of the option %s cannot be sent to the printer: "
                                 "%s. Choose another value.",
                                 shown(value), name, translatedFormat(fault)));
+  }
+  const auto arriving = valueForFilters(name, value);
+  if (!arriving) {
+    throw PrintError(PrintError::Kind::Refused,
+                     translated("The option %s with the value \"%s\" does not reach the printer. "
+                                "Choose another value or leave it out.",
+                                name, shown(value)));
+  }
+  if (*arriving != value) {
+    throw PrintError(PrintError::Kind::Refused,
+                     translated("CUPS would change the value \"%s\" of the option %s to \"%s\". "
+                                "Choose another value.",
+                                shown(value), name, shown(*arriving)));
   }
 }
 

@@ -48,17 +48,24 @@ class JobTicket final : public PrintSettings {
   void setCopies(int copies);
 
   // What CUPS is sent for this ticket. Throws PrintError (Refused), naming the option and the
-  // remedy, when CUPS would change or reject one of them (checkJobOption).
+  // remedy, when CUPS would change or reject one of them (checkJobOption), or take two of them for
+  // one.
   [[nodiscard]] Options jobOptions() const;
 
  private:
   Options values_;
 };
 
+// The option of that name, in any case of its letters, which is the same to CUPS; end() without
+// one.
+JobTicket::Options::const_iterator findJobOption(const JobTicket::Options& options,
+                                                 const std::string& name);
+
 // Throws PrintError (Refused) unless the option reaches the filters as it stands. Names: letters,
 // digits, ".", "_" and "-", beginning with a letter, at most 255 bytes. Values: valid UTF-8 of at
 // most 255 bytes without control characters; not "true" or "false" (in any case), which CUPS turns
-// into a boolean; not beginning with "{", which it turns into a collection.
+// into a boolean; not beginning with "{", which it turns into a collection; and unchanged by the
+// type that CUPS knows for the option (valueForFilters).
 void checkJobOption(const std::string& name, const std::string& value);
 
 }  // namespace publishing

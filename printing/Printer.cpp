@@ -110,7 +110,8 @@ JobTicket::Options Printer::jobOptions(const JobTicket& ticket) const {
   }
   const bool hasSides = options.contains("sides");
   for (const auto& [name, value] : defaults_) {
-    if (!(hasSides && isDuplexOption(name))) options.emplace(name, value);
+    if (hasSides && isDuplexOption(name)) continue;
+    if (findJobOption(options, name) == options.end()) options.emplace(name, value);
   }
   return options;
 }

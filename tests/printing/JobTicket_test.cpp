@@ -117,6 +117,47 @@ TEST(JobTicket, RefusesNamesThatCupsWouldSplit) {
     EXPECT_NE(refusal(name, "x"), "") << name;
 }
 
+TEST(JobTicket, OptionsWithATypeAreSentOnlyAsCupsWritesThem) {
+  const struct {
+    const char* name;
+    const char* value;
+    const char* refusal;  // a part of it
+  } table[] = {
+      {"copies", "2", ""},
+      {"copies", "two", "to \"0\""},
+      {"copies", "007", "to \"7\""},
+      {"copies", "", "copies"},
+      {"page-ranges", "1-3,5", ""},
+      {"page-ranges", "5-5", "to \"5\""},
+      {"printer-resolution", "600dpi", ""},
+      {"printer-resolution", "600", "printer-resolution"},
+      {"landscape", "yes", "landscape"},
+      {"media", "A4,Tray1", ""},
+      {"media", "A 4", "does not reach the printer"},
+      {"document-format", "application/pdf", "does not reach the printer"},
+      {"raw", "1", "does not reach the printer"},
+  };
+  for (const auto& row : table) {
+    const std::string message = refusal(row.name, row.value);
+    EXPECT_THAT(message, HasSubstr(row.refusal)) << row.name << '=' << row.value;
+    EXPECT_EQ(message.empty(), *row.refusal == '\0') << message;
+  }
+}
+
+// CUPS would keep one of them: the panel's choice or the other.
+TEST(JobTicket, RefusesTwoNamesThatDifferInCaseOnly) {
+  JobTicket ticket;
+  ticket.setValue("CoverMediaType", "Tray2");
+  ticket.setValue("covermediatype", "Tray3");
+  try {
+    (void)ticket.jobOptions();
+    FAIL();
+  } catch (const PrintError& error) {
+    EXPECT_EQ(error.kind(), PrintError::Kind::Refused);
+    EXPECT_THAT(error.what(), HasSubstr("CoverMediaType and covermediatype"));
+  }
+}
+
 TEST(JobTicket, MessagesShowNoRawBytes) {
   const std::string message = refusal("CoverMediaType", "a\n\xFF" + std::string(1000, 'x'));
   EXPECT_EQ(message.find('\n'), std::string::npos);

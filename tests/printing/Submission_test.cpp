@@ -166,8 +166,9 @@ TEST_F(Submission, SendsNothingThatCannotArrive) {
 TEST_F(Submission, TheUsersDefaultsAreMarkedAndSentUnlessTheTicketSaysOtherwise) {
   std::filesystem::create_directory(std::string(std::getenv("HOME")) + "/.cups");
   const std::string options = std::string(std::getenv("HOME")) + "/.cups/lpoptions";
-  std::ofstream(options) << "Default " << kQueue
-                         << " Duplex=DuplexTumble InputSlot=Tray4 number-up=2 fit-to-page=true\n";
+  std::ofstream(options)
+      << "Default " << kQueue
+      << " Duplex=DuplexTumble InputSlot=Tray4 covermediatype=Tray3 number-up=2 fit-to-page=true\n";
   Printer printer = Printer::openDefaultQueue();
   std::filesystem::remove(options);
   JobTicket ticket = printer.newTicket();
@@ -176,11 +177,13 @@ TEST_F(Submission, TheUsersDefaultsAreMarkedAndSentUnlessTheTicketSaysOtherwise)
   EXPECT_TRUE(printer.ppd()->choice("InputSlot", "Tray4")->marked);
   ticket.setSides(Sides::OneSided);
   ticket.setNumberUp(1);
+  ticket.setValue(cCoverMediaType, "Tray2");
   printer.mark(ticket);
   EXPECT_EQ(printer.ppd()->markedSides(), Sides::OneSided);
   const int job = print(printer, ticket);
   EXPECT_TRUE(followJob(job).isCompleted());
   EXPECT_THAT(cups_.received(job, "data"), AllOf(HasSubstr("%%BeginFeature: *InputSlot Tray4"),
+                                                 HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
                                                  HasSubstr("%%BeginFeature: *Duplex None")));
 }
 
@@ -291,6 +294,17 @@ TEST_F(Submission, APPDReplacedOrRemovedMeanwhileStopsTheJob) {
     // The PPD that was opened is still whole.
     EXPECT_THAT(printer.ppd()->choice(cCoverMediaType, "Tray4"), Ne(std::nullopt));
   }
+}
+
+TEST_F(Submission, OpeningAQueueLeavesNoFileBehind) {
+  const TemporaryFolder temporary;
+  const char* before = std::getenv("TMPDIR");
+  const std::string kept = before != nullptr ? before : "/tmp";
+  setenv("TMPDIR", temporary.path().c_str(), 1);
+  const int job = print(Printer::openQueue(kQueue), JobTicket());
+  setenv("TMPDIR", kept.c_str(), 1);
+  EXPECT_GT(job, 0);
+  EXPECT_TRUE(std::filesystem::is_empty(temporary.path()));
 }
 
 TEST_F(Submission, AQueueWithoutPPDIsUsableWithAWarning) {
