@@ -66,7 +66,8 @@ JobStatus statusFrom(ipp_t* response, int job) {
   ipp_attribute_t* reasons = ippFindAttribute(response, "job-state-reasons", IPP_TAG_KEYWORD);
   for (int i = 0; i < ippGetCount(reasons); ++i) {
     const std::string reason = ippGetString(reasons, i, nullptr);
-    if (reason != "none") status.reasons.push_back(reason);
+    // "job-printing" says no more than the state does.
+    if (reason != "none" && reason != "job-printing") status.reasons.push_back(reason);
   }
   ipp_attribute_t* message = ippFindAttribute(response, "job-printer-state-message", IPP_TAG_TEXT);
   if (message != nullptr) status.message = shown(ippGetString(message, 0, nullptr));

@@ -12,7 +12,7 @@ namespace publishing {
 struct JobStatus {
   int job = 0;
   ipp_jstate_t state = IPP_JSTATE_PENDING;
-  std::vector<std::string> reasons;  // IPP keywords, without "none"
+  std::vector<std::string> reasons;  // IPP keywords that say more than the state
   std::string message;               // of the printer, for the user; often empty
 
   // No more changes will come: completed, cancelled or aborted.
