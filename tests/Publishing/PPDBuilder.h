@@ -34,8 +34,8 @@ inline OpenedPPD openPPDFile(const std::string& path) {
   return ppd;
 }
 
-// The PPD that these bytes make, its defaults marked. (libcups reads from descriptors only.)
-inline OpenedPPD openWholePPD(const std::string& text) {
+// The PPD that these bytes make, nothing marked yet. (libcups reads from descriptors only.)
+inline OpenedPPD openUnmarkedPPD(const std::string& text) {
   const int memory = memfd_create("ppd", MFD_CLOEXEC);
   if (memory < 0 || write(memory, text.data(), text.size()) != std::ssize(text)) {
     throw std::runtime_error("cannot make a file in memory");
@@ -45,13 +45,24 @@ inline OpenedPPD openWholePPD(const std::string& text) {
                                                                  &cupsFileClose);
   OpenedPPD ppd(ppdOpen2(file.get()));
   if (ppd == nullptr) throw std::runtime_error("not a PPD:\n" + text);
+  return ppd;
+}
+
+// The same, its defaults marked.
+inline OpenedPPD openWholePPD(const std::string& text) {
+  OpenedPPD ppd = openUnmarkedPPD(text);
   ppdMarkDefaults(ppd.get());
   return ppd;
 }
 
+// A PPD's text: the header and these lines.
+inline std::string ppdText(const std::string& lines) {
+  return "*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines;
+}
+
 // The PPD with these lines after the header, its defaults marked.
 inline OpenedPPD openPPDText(const std::string& lines) {
-  return openWholePPD("*PPD-Adobe: \"4.3\"\n*LanguageEncoding: UTF-8\n" + lines);
+  return openWholePPD(ppdText(lines));
 }
 
 // The lines of a PickOne option. No default when `marked` is empty.
