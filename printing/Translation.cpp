@@ -28,12 +28,14 @@ std::string shown(const std::string& bytes) {
 }
 
 void bindTranslations() {
-  bindtextdomain(kDomain, PUBLISHING_LOCALE_DIR);
+  const gchar* folder = g_getenv("PUBLISHING_LOCALE_DIR");
+  bindtextdomain(kDomain, folder != nullptr ? folder : PUBLISHING_LOCALE_DIR);
   bind_textdomain_codeset(kDomain, "UTF-8");
 }
 
 const char* translatedFormat(const char* english) {
-  return dgettext(kDomain, english);
+  // The empty text is the key of the catalogue's header.
+  return *english == '\0' ? english : dgettext(kDomain, english);
 }
 
 }  // namespace publishing

@@ -11,8 +11,9 @@
 
 namespace publishing {
 
-// Makes the catalogues of the installed program known. Leaves the locale alone: in a program of our
-// own call setlocale before, another program's locale is its own business.
+// Makes the catalogues known: those in $PUBLISHING_LOCALE_DIR, else those that were installed.
+// Leaves the locale alone: in a program of our own call setlocale before, another program's locale
+// is its own business.
 void bindTranslations();
 
 // Any bytes, made fit to be shown inside a message: valid UTF-8 in one line, cut when very long.

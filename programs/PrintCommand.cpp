@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "Publishing/global.h"
 #include "printing/Document.h"
 #include "printing/JobTicket.h"
 #include "printing/OfflineChain.h"
@@ -99,11 +100,18 @@ void refuseConflicts(const std::vector<std::string>& conflicts) {
   throw PrintError(PrintError::Kind::Refused, message);
 }
 
+// Programs read this: in English whatever the user's language is.
+nlohmann::json englishSummaryOf(const PublishingSettings& state) {
+  const auto status = [](std::int64_t enableState) { return enableState == 1 ? kOn : kOff; };
+  return {{kCovermodeStatus, status(state.covermodeEnableState)},
+          {kPageinsertStatus, status(state.pageinsertEnableState)}};
+}
+
 // What --json writes: the panel as panel scripts dump it, and the job made of it.
 nlohmann::json reportOf(PublishingPDE& panel, const Printer& printer, const JobTicket& ticket,
                         const std::vector<std::string>& conflicts) {
   return {{"printer", printer.name()},
-          {"summary", panel.summaryInfo()},
+          {"summary", englishSummaryOf(panel.state())},
           {"controls", dumpControls(panel)},
           {"fields", dumpFields(panel.state())},
           {"settings", *ticket.copyAsDictionary()},
@@ -112,11 +120,12 @@ nlohmann::json reportOf(PublishingPDE& panel, const Printer& printer, const JobT
           {"job", nullptr}};
 }
 
+// The panel leaves "On" in English.
 std::string summaryOf(const PublishingPDE& panel) {
   std::string text;
   for (const auto& [feature, status] : panel.summaryInfo()) {
     if (!text.empty()) text += ", ";
-    text.append(feature).append(": ").append(status);
+    text.append(feature).append(": ").append(translated(status.c_str()));
   }
   return text;
 }

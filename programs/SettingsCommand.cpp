@@ -62,7 +62,7 @@ ExitStatus runClear(const SettingsOptions& options) {
 void addSettingsCommand(CLI::App& app, ExitStatus& status) {
   auto options = std::make_shared<SettingsOptions>();
   CLI::App* settings =
-      app.add_subcommand("settings", translated("Show or clear what is remembered of a queue"));
+      app.add_subcommand("settings", translated("Show or clear what is remembered for a queue"));
   settings->require_subcommand(1);
   const auto add = [&](const char* name, const std::string& help, auto run) {
     CLI::App* command = settings->add_subcommand(name, help);

@@ -20,7 +20,8 @@ _publishing_options() {
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
     settings) echo show clear -d --printer --json --help ;;
-    *) echo print media pages settings --version --help ;;
+    dialog) echo --help ;;
+    *) echo print media pages settings dialog --version --help ;;
   esac
 }
 
@@ -37,7 +38,7 @@ _publishing() {
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
   elif [[ $word == -* || $COMP_CWORD == 1 || $command == settings ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
-  elif [[ $command == print ]]; then
+  elif [[ $command == print || $command == dialog ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
   fi

@@ -5,6 +5,7 @@
 #include "Publishing/PublishingKeys.h"
 #include "printing/PrintError.h"
 #include "printing/StoredSettings.h"
+#include "printing/Translation.h"
 #include "shells/gtk/PanelReasons.h"
 
 namespace publishing {
@@ -155,10 +156,11 @@ void HostedPanel::remember(const JobTicket::Options& settings) const {
   }
 }
 
+// The panel leaves "On" in English.
 std::string HostedPanel::summary() const {
   std::string text;
   for (const auto& [feature, status] : panel_->summaryInfo())
-    text += (text.empty() ? "" : " · ") + feature + ": " + status;
+    text += (text.empty() ? "" : " · ") + feature + ": " + translated(status.c_str());
   return text;
 }
 

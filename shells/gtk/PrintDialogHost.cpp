@@ -111,7 +111,7 @@ void PrintDialogHost::followPrinter() {
     return;
   }
   if (gtk_printer_is_virtual(printer) != 0) {
-    showMessage(translated("Covers and inserts need a printer. There are none in a file."));
+    showMessage(translated("Covers and inserts need a printer; a file cannot have them."));
     return;
   }
   const std::string name = gtk_printer_get_name(printer);

@@ -23,6 +23,7 @@ Outcome runProgram(const std::vector<std::string>& command,
     arguments.push_back(g_strdup(word.c_str()));
   arguments.push_back(nullptr);
   char** variables = g_environ_setenv(g_get_environ(), "LC_ALL", "C.UTF-8", TRUE);
+  variables = g_environ_unsetenv(variables, "LANGUAGE");
   for (const auto& [name, value] : environment) {
     variables = g_environ_setenv(variables, name.c_str(), value.c_str(), TRUE);
   }

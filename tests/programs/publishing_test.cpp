@@ -1,4 +1,5 @@
 // The program publishing as a user calls it, without a print server.
+#include <map>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,37 @@ class Publishing : public ::testing::Test {
   TemporaryFolder folder_;
   std::string document_;
 };
+
+TEST_F(Publishing, SpeaksTheLanguageOfTheUser) {
+  const auto complaint = [](const char* language) {
+    return runProgram({PUBLISHING_PROGRAM, "pages", "5-5"},
+                      {{"PUBLISHING_LOCALE_DIR", LOCALE_FOLDER}, {"LANGUAGE", language}})
+        .errors;
+  };
+  EXPECT_EQ(
+      complaint("de"),
+      "publishing: Fehler in den Seitenzahlen: Die letzte Seitenzahl eines Bereichs muss größer "
+      "sein als die erste.\n");
+  EXPECT_EQ(complaint("zh_CN"), "publishing: 页码错误: 页面范围的结束页码必须大于起始页码。\n");
+  EXPECT_EQ(
+      complaint("C"),
+      "publishing: Page Number Error: The ending page number of range should be bigger than the "
+      "beginning page number.\n");
+}
+
+TEST_F(Publishing, ReportsInEnglishForPrograms) {
+  const std::map<std::string, std::string> german = {{"PUBLISHING_LOCALE_DIR", LOCALE_FOLDER},
+                                                     {"LANGUAGE", "de"},
+                                                     {"XDG_CONFIG_HOME", folder_.path()}};
+  const Words words = {PUBLISHING_PROGRAM, "print",   "--ppd", kPPD,
+                       "--dry-run",        "--cover", "front", document_};
+  EXPECT_THAT(runProgram(words, german).output,
+              HasSubstr("Deckblätter: Ein, Zwischenblätter: Aus\n"));
+  Words asJson = words;
+  asJson.insert(asJson.begin() + 2, "--json");
+  EXPECT_EQ(json::parse(runProgram(asJson, german).output)["summary"],
+            json({{"Cover Mode", "On"}, {"Page Insert", "Off"}}));
+}
 
 TEST_F(Publishing, ChecksPageLists) {
   struct Case {
