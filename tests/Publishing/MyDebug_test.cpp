@@ -1,5 +1,6 @@
 #include "Publishing/MyDebug.h"
 
+#include <algorithm>
 #include <climits>
 #include <csignal>
 #include <cstdio>
@@ -11,14 +12,20 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unicode/locid.h>
 #include <unicode/simpletz.h>
 #include <unistd.h>
 
 // The module's state belongs to a process: every test traces in a process of its own.
+
+namespace {
+struct Unscoped {};
+}  // namespace
 
 namespace publishing::MyDebug {
 namespace {
@@ -28,7 +35,9 @@ struct Shape {
 };
 struct Circle : Shape {};
 template <typename T>
-struct Box {};
+struct Box {
+  struct Lid {};
+};
 const Circle kCircle;
 
 std::string readAll(int descriptor) {
@@ -132,6 +141,8 @@ TEST(TracedClass, IsTheObjectsOwnWithoutNamespace) {
   for (const auto& [object, name] : cases)
     EXPECT_EQ(object.className(), name);
   EXPECT_EQ(TracedObject(Box<int>()).className(), "Box<int>");
+  EXPECT_EQ(TracedObject(Box<int>::Lid()).className(), "Lid");
+  EXPECT_EQ(TracedObject(Unscoped()).className(), "Unscoped");
   EXPECT_EQ(TracedObject(Box<icu::Locale>()).className()->substr(0, 8), "Box<icu_");
 }
 
@@ -316,18 +327,22 @@ TEST(LogFile, KeepsItsNameForTheLifeOfTheProcess) {
             "Circle\t(null) before\nCircle\t(null) after\n");
 }
 
+std::string modeUnderUmask(mode_t mask) {
+  return inOwnProcess([mask] {
+    setClockOfThisProcess();
+    ::umask(mask);
+    _debugLog(kCircle, "x");
+    const LogFile file = openLogFile();
+    struct stat status {};
+    ::fstat(file.descriptor(), &status);
+    std::filesystem::remove(pathOf(file));
+    return std::to_string(status.st_mode & 0777U);
+  });
+}
+
 TEST(LogFile, HasTheModeThatTheUmaskLeaves) {
-  EXPECT_EQ(inOwnProcess([] {
-              setClockOfThisProcess();
-              ::umask(0027);
-              _debugLog(kCircle, "x");
-              const LogFile file = openLogFile();
-              struct stat status {};
-              ::fstat(file.descriptor(), &status);
-              std::filesystem::remove(pathOf(file));
-              return std::to_string(status.st_mode & 0777U);
-            }),
-            std::to_string(0640));
+  EXPECT_EQ(modeUnderUmask(0), std::to_string(0666));
+  EXPECT_EQ(modeUnderUmask(0027), std::to_string(0640));
 }
 
 TEST(LogFile, IsClosedAfterEachLine) {
@@ -373,6 +388,60 @@ TEST(LogFile, ThatCannotBeWrittenLosesTheLine) {
               _debugLog(kCircle, "written");
             }),
             "Circle\t(null) written\n");
+}
+
+// A pipe in place of the log file, slow to take what is written.
+int slowPipe = -1;
+std::string taken;
+
+// Called by a timer while a line is being written. Empties the pipe at every third look at which it
+// is full; the looks before interrupt a write, first with a part of its bytes written, then with
+// none.
+void takeSlowly(int /*signal*/) {
+  static int looks = 0;
+  int waiting = 0;
+  ::ioctl(slowPipe, FIONREAD, &waiting);
+  if (waiting < ::fcntl(slowPipe, F_GETPIPE_SZ) || ++looks % 3 != 0) return;
+  const std::size_t before = taken.size();
+  taken.resize(before + static_cast<std::size_t>(waiting));
+  const ssize_t got = ::read(slowPipe, &taken[before], static_cast<std::size_t>(waiting));
+  taken.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+}
+
+TEST(LogFile, GetsTheWholeLineThoughSignalsInterruptTheWriting) {
+  const std::string message(200'000, 'x');
+  EXPECT_EQ(inOwnProcess([&message]() -> std::string {
+              setClockOfThisProcess();
+              _debugSetup();
+              const std::string path = pathOf(openLogFile());
+              std::filesystem::remove(path);
+              ::mkfifo(path.c_str(), 0600);
+              slowPipe = ::open(path.c_str(), O_RDWR | O_NONBLOCK);
+              taken.reserve(2 * message.size());  // a signal handler must not allocate
+
+              struct sigaction action {};
+              action.sa_handler = &takeSlowly;  // without SA_RESTART
+              ::sigaction(SIGALRM, &action, nullptr);
+              constexpr itimerval kEveryMillisecond = {{0, 1000}, {0, 1000}};
+              ::setitimer(ITIMER_REAL, &kEveryMillisecond, nullptr);
+              _debugLog(kCircle, "%@", message);
+              constexpr itimerval kNever{};
+              ::setitimer(ITIMER_REAL, &kNever, nullptr);
+
+              std::filesystem::remove(path);
+              taken += readAll(slowPipe);
+              return taken == "Circle\t(null) " + message + "\n" ? "whole" : "of another size";
+            }),
+            "whole");
+}
+
+TEST(LogFile, OnDescriptorZeroIsClosedToo) {
+  EXPECT_EQ(inOwnProcess([] {
+              ::dup2(1, 0);
+              { const LogFile zero(0); }
+              return ::fcntl(0, F_GETFD) < 0 ? "closed" : "left open";
+            }),
+            "closed");
 }
 
 TEST(LogFile, IsClosedByItsOwnerOnly) {

@@ -71,6 +71,11 @@ TEST(IntValue, ReadsTheLeadingNumber) {
       {" \t\n7", 7},
       {"7 8", 7},
       {"12abc", 12},
+      {"1:2", 1},  // the characters beside the digits
+      {"1/2", 1},
+      {"\b7", 0},  // and beside the blanks
+      {"\0167", 0},
+      {"\t\n\v\f\r 7", 7},
       {"abc", 0},
       {"-", 0},
       {"+-7", 0},

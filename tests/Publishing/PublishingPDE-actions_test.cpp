@@ -127,6 +127,25 @@ TEST_F(PublishingPDEActions, FrontCoverOnAOneSidedJobReachesItsOutside) {
   EXPECT_THAT(enabledSides(), ElementsAre("CmFrontOutside"));
 }
 
+TEST_F(PublishingPDEActions, ChoosingTheFrontCoverFollowsATwoSidedSettingThatChanged) {
+  box("CmCheckBox").click();
+  setTwoSided(true);
+  matrix().click(0);
+  EXPECT_THAT(enabledSides(), ElementsAre("CmFrontOutside", "CmFrontInside"));
+  setTwoSided(false);
+  matrix().click(0);
+  EXPECT_THAT(enabledSides(), ElementsAre("CmFrontOutside"));
+}
+
+TEST_F(PublishingPDEActions, ChoosingCoversEnablesTheSidesThatEveryJobReaches) {
+  box("CmCheckBox").click();
+  for (const std::int64_t column : {0, 1}) {
+    box("CmFrontOutside").setEnabled(false);
+    matrix().click(column);
+    EXPECT_TRUE(box("CmFrontOutside").isEnabled()) << column;
+  }
+}
+
 TEST_F(PublishingPDEActions, ChoosingCoversLeavesTheValueToTheNextReading) {
   box("CmCheckBox").click();
   const std::int64_t before = panel.state().covermodeValue;
