@@ -36,8 +36,12 @@ void guarded(Function function) noexcept {
 
 }  // namespace
 
+PrintDialogHost* PrintDialogHost::of(GtkPrintUnixDialog* dialog) {
+  return static_cast<PrintDialogHost*>(g_object_get_data(G_OBJECT(dialog), kHostKey));
+}
+
 bool PrintDialogHost::attach(GtkPrintUnixDialog* dialog) {
-  if (g_object_get_data(G_OBJECT(dialog), kHostKey) != nullptr) return true;
+  if (of(dialog) != nullptr) return true;
   if (!PrinterOptionSet::isAvailable()) {
     g_message("This GTK takes no options from the panel, which is left out");
     return false;
@@ -221,9 +225,7 @@ bool PrintDialogHost::mayPrint() {
   if (panel_ == nullptr) return true;
   // The alerts below run a main loop of their own, in which the program may destroy the dialog.
   const auto dialog = shareGObject(dialog_);
-  const auto isGone = [&dialog, this] {
-    return g_object_get_data(G_OBJECT(dialog.get()), kHostKey) != this;
-  };
+  const auto isGone = [&dialog, this] { return of(dialog.get()) != this; };
   refresh();
   const auto settings = panel_->save();
   if (isGone()) return false;

@@ -30,6 +30,12 @@ class PrintDialogHost {
   // attached to has no place for the panel's choices.
   static void prepare() { PrinterOptionSet::watch(); }
 
+  // The dialog's host; null when it has none.
+  static PrintDialogHost* of(GtkPrintUnixDialog* dialog);
+
+  // Whether the panel stands in its tab, in place of a message that says why it does not.
+  [[nodiscard]] bool hasPanel() const { return panel_ != nullptr; }
+
   PrintDialogHost(const PrintDialogHost&) = delete;
   PrintDialogHost& operator=(const PrintDialogHost&) = delete;
   ~PrintDialogHost();

@@ -119,6 +119,11 @@ void PrintDialogUser::openTab(const std::string& label) {
   GtkStage::settle();
 }
 
+void PrintDialogUser::openPanelTab(int index) {
+  gtk_notebook_set_current_page(GTK_NOTEBOOK(find("tabView")), index);
+  GtkStage::settle();
+}
+
 std::string PrintDialogUser::frontTab() const {
   GtkWidget* front = gtk_notebook_get_nth_page(tabs(), gtk_notebook_get_current_page(tabs()));
   return gtk_notebook_get_tab_label_text(tabs(), front);

@@ -27,6 +27,9 @@ class PrintDialogUser {
   // Brings one of the dialog's tabs to the front.
   void openTab(const std::string& label);
 
+  // Brings one of the panel's own tabs to the front.
+  void openPanelTab(int index);
+
   // Gestures on the panel's controls, by outlet; nothing happens when the control is insensitive.
   void click(const char* checkBox);
   void pick(const char* popUp, int index);

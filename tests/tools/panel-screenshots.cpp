@@ -8,33 +8,15 @@
 
 #include "tests/tools/GtkStage.h"
 #include "tests/tools/PanelScript.h"
+#include "tests/tools/Picture.h"
 
 namespace publishing {
 namespace {
 
-void wait(guint milliseconds) {
-  g_timeout_add(
-      milliseconds,
-      [](gpointer) {
-        gtk_main_quit();
-        return G_SOURCE_REMOVE;
-      },
-      nullptr);
-  gtk_main();
-}
-
 void draw(GtkStage& stage, const std::string& file) {
   stage.shown();
   gtk_window_resize(stage.window(), 1, 1);
-  wait(400);  // animations of the theme
-  GdkWindow* window = gtk_widget_get_window(GTK_WIDGET(stage.window()));
-  const GObjectPtr<GdkPixbuf> picture(gdk_pixbuf_get_from_window(
-      window, 0, 0, gdk_window_get_width(window), gdk_window_get_height(window)));
-  GError* error = nullptr;
-  if (gdk_pixbuf_save(picture.get(), file.c_str(), "png", &error, nullptr) == 0) {
-    std::cerr << file << ": " << error->message << '\n';
-    g_clear_error(&error);
-  }
+  drawWindow(stage.window(), file);
 }
 
 void drawJob(const std::string& setUp, const std::string& prefix) {

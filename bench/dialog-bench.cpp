@@ -1,0 +1,100 @@
+// dialog-bench: opening a print dialog with the panel against the same dialog without it, on the
+// queue of the server that CUPS_SERVER names. Run by bench/dialog-bench-run, which starts both a
+// display and a server:
+//   dialog-bench QUEUE
+// Two moments count: the dialog is drawn with its printer selected, and everything that was started
+// is done. Rounds alternate, so that both sides meet the same machine. Ends with 1 when the median
+// of the first moment is more than a quarter longer with the panel.
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <gtk/gtkunixprint.h>
+
+#include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/PrintDialogHost.h"
+
+namespace {
+
+using namespace publishing;
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr int kRounds = 40;
+constexpr int kWarmUps = 3;
+constexpr double kMostRatio = 1.25;
+
+struct Times {
+  std::vector<double> selected;
+  std::vector<double> done;
+};
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + std::ssize(values) / 2;
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+bool isSelected(GtkPrintUnixDialog* dialog, const std::string& queue) {
+  GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog);
+  return printer != nullptr && queue == gtk_printer_get_name(printer);
+}
+
+bool hasPanel(GtkWidget* dialog) {
+  return PrintDialogHost::of(GTK_PRINT_UNIX_DIALOG(dialog))->hasPanel();
+}
+
+void openOnce(const std::string& queue, bool withPanel, Times& times) {
+  const auto start = Clock::now();
+  const auto widget = shareGObject(gtk_print_unix_dialog_new(nullptr, nullptr));
+  auto* dialog = GTK_PRINT_UNIX_DIALOG(widget.get());
+  if (withPanel) PrintDialogHost::attach(dialog);
+  bool drawn = false;
+  const auto draw = [](GtkWidget*, cairo_t*, gpointer seen) -> gboolean {
+    *static_cast<bool*>(seen) = true;
+    return FALSE;
+  };
+  g_signal_connect_after(dialog, "draw", G_CALLBACK(+draw), &drawn);
+  gtk_widget_show(widget.get());
+  while (!drawn || !isSelected(dialog, queue))
+    gtk_main_iteration();
+  times.selected.push_back(Milliseconds(Clock::now() - start).count());
+  while (withPanel && !hasPanel(widget.get()))
+    gtk_main_iteration();
+  while (gtk_events_pending())
+    gtk_main_iteration();
+  times.done.push_back(Milliseconds(Clock::now() - start).count());
+  gtk_widget_destroy(widget.get());
+}
+
+double report(const char* moment, const std::vector<double>& bare,
+              const std::vector<double>& panel) {
+  const double ratio = median(panel) / median(bare);
+  std::cout << moment << ": bare " << median(bare) << " ms, with the panel " << median(panel)
+            << " ms, ratio " << ratio << '\n';
+  return ratio;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  gtk_init(&argc, &argv);
+  if (argc != 2) {
+    std::cerr << "usage: dialog-bench QUEUE\n";
+    return 2;
+  }
+  Times bare;
+  Times panel;
+  Times warmUp;
+  for (int round = 0; round < kWarmUps + kRounds; ++round) {
+    openOnce(argv[1], false, round < kWarmUps ? warmUp : bare);
+    openOnce(argv[1], true, round < kWarmUps ? warmUp : panel);
+  }
+  const double ratio = report("drawn with its printer", bare.selected, panel.selected);
+  report("everything done", bare.done, panel.done);
+  if (ratio <= kMostRatio) return 0;
+  std::cout << "goal missed: the panel may cost a quarter more\n";
+  return 1;
+}
