@@ -59,8 +59,12 @@ Words wordsOf(const std::string& input) {
   std::istringstream lines(input);
   for (std::string word; std::getline(lines, word);) {
     word = word.substr(0, word.find('\0'));
-    // The dialog is another program, which would take this one's place.
-    if (word == "dialog" || word.find("dry-run") != std::string::npos) continue;
+    // The dialog is another program, which would take this one's place; the system's settings are
+    // no toy.
+    if (word == "dialog" || word.find("dry-run") != std::string::npos ||
+        word.find("system") != std::string::npos) {
+      continue;
+    }
     if (word == "PPD") word = PRINTER_PPD;
     if (word == "DOC") word = surroundings.document();
     words.push_back(word);

@@ -13,19 +13,19 @@
 #include <fcntl.h>
 #include <glib.h>
 #include <glib/gstdio.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
 #include "printing/JobTicket.h"
 #include "printing/PrintError.h"
+#include "printing/TextFile.h"
 #include "printing/Translation.h"
 
 namespace publishing {
 namespace {
 
 constexpr const char* kGroup = "Publishing";
-constexpr goffset kLargestFile = 65536;  // bytes; a sound file has less than 4 KiB
+constexpr std::size_t kLargestFile = 65536;  // bytes; a sound file has less than 4 KiB
 constexpr std::size_t kLongestPlainName = 200;
 constexpr int kMostBrokenFiles = 999;
 
@@ -66,38 +66,6 @@ PrintError cannotWrite(const std::string& path, const std::string& reason) {
       translated("The settings cannot be stored in %s: %s. The earlier settings stay; check the "
                  "folder's permissions and the free space.",
                  shown(path), reason)};
-}
-
-// The whole file; nothing with `reason` filled in when it is no sound file, nothing and an empty
-// `reason` when there is none.
-std::optional<std::string> contentsOf(const std::string& path, std::string& reason) {
-  GStatBuf information;
-  if (g_stat(path.c_str(), &information) != 0) {
-    if (errno != ENOENT && errno != ENOTDIR) reason = g_strerror(errno);
-    return std::nullopt;
-  }
-  if (!S_ISREG(information.st_mode)) {
-    reason = translated("it is no regular file");
-    return std::nullopt;
-  }
-  if (information.st_size > kLargestFile) {
-    reason = translated("it is too large");
-    return std::nullopt;
-  }
-  char* contents = nullptr;
-  gsize length = 0;
-  GError* failure = nullptr;
-  if (g_file_get_contents(path.c_str(), &contents, &length, &failure) == FALSE) {
-    reason = Error(failure)->message;
-    return std::nullopt;
-  }
-  const Text owner(contents);
-  std::string text(contents, length);
-  if (text.find('\0') != std::string::npos) {
-    reason = translated("it holds NUL bytes");
-    return std::nullopt;
-  }
-  return text;
 }
 
 // Runs `keep` with the first of FILE.broken-1, -2, ... that is free and answers that name; empty
@@ -166,7 +134,7 @@ void readEntries(Reading& reading, const std::string& path) {
 Reading readFile(const std::string& path) {
   Reading reading;
   std::string reason;
-  const auto contents = contentsOf(path, reason);
+  const auto contents = textOfFile(path, kLargestFile, reason);
   GError* failure = nullptr;
   if (contents && g_key_file_load_from_data(reading.file.get(), contents->data(), contents->size(),
                                             G_KEY_FILE_KEEP_COMMENTS, &failure) == FALSE) {

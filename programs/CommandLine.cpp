@@ -7,6 +7,7 @@
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
 #include "programs/DialogCommand.h"
+#include "programs/ExtensionCommand.h"
 #include "programs/MediaCommand.h"
 #include "programs/PagesCommand.h"
 #include "programs/PrintCommand.h"
@@ -24,6 +25,7 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   addMediaCommand(app, status);
   addPagesCommand(app, status);
   addSettingsCommand(app, status);
+  addExtensionCommand(app, status);
   addDialogCommand(app);
   try {
     app.parse(count, arguments);

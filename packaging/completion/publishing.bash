@@ -20,8 +20,9 @@ _publishing_options() {
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
     settings) echo show clear -d --printer --json --help ;;
+    extension) echo enable disable status --system --json --help ;;
     dialog) echo --help ;;
-    *) echo print media pages settings dialog --version --help ;;
+    *) echo print media pages settings extension dialog --version --help ;;
   esac
 }
 
@@ -36,7 +37,7 @@ _publishing() {
   elif [[ $previous == --ppd || $previous == -o || $previous == --output ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
-  elif [[ $word == -* || $COMP_CWORD == 1 || $command == settings ]]; then
+  elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|extension)$ ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
   elif [[ $command == print || $command == dialog ]]; then
     compopt -o filenames

@@ -1,21 +1,19 @@
 // Storing settings while something goes wrong: the process dies, the disk is full, permissions are
 // missing, or another program stores too.
 #include <atomic>
-#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
 #include "printing/StoredSettings.h"
 #include "tests/printing/Samples.h"
+#include "tests/tools/FileTrouble.h"
 #include "tests/tools/KilledChild.h"
 
 namespace publishing {
@@ -111,27 +109,6 @@ TEST(StoredSettingsFaults, KilledAtAnyStepKeepsWhatCouldNotBeRead) {
   }
 }
 
-// No file may grow beyond that many bytes while this lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int) = SIG_DFL;
-};
-
 TEST(StoredSettingsFaults, AFullDiskLeavesTheEarlierSettings) {
   const TemporaryFolder folder;
   const StoredSettings settings(folder.path());
@@ -145,22 +122,6 @@ TEST(StoredSettingsFaults, AFullDiskLeavesTheEarlierSettings) {
   EXPECT_EQ(settings.load("Queue").values, kOld);
   EXPECT_THAT(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
-
-// Without root's right to read and write everything, while this lives.
-class OrdinaryUser {
- public:
-  OrdinaryUser() {
-    if (before_ != 0) return;
-    EXPECT_EQ(seteuid(kNobody), 0);
-  }
-  ~OrdinaryUser() { EXPECT_EQ(seteuid(before_), 0); }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  uid_t before_ = geteuid();
-};
 
 TEST(StoredSettingsFaults, AFolderWithoutPermissionsIsReportedAndLeftAlone) {
   const TemporaryFolder folder;

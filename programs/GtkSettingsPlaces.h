@@ -1,0 +1,39 @@
+// Where GTK 3 looks for its settings and for print backends (GTK 3.24: gtksettings.c,
+// gtkmodules.c).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace publishing {
+
+struct GtkSettingsPlaces {
+  std::string builtIn;                   // the list of print backends that GTK has without any file
+  std::vector<std::string> systemFiles;  // in the order in which GTK reads them: the last one wins
+  std::string userFile;                  // read after all of them
+  std::string systemFile;                // the one of systemFiles that belongs to the administrator
+
+  // Those of this system and user. Asks GTK for its own list; where there is no GTK 3 it is that of
+  // GTK's sources.
+  static GtkSettingsPlaces here();
+};
+
+// The list of print backends that counts.
+struct PrintBackends {
+  std::string list;
+  std::string file;                   // the file it is from; empty when it is GTK's own
+  std::vector<std::string> warnings;  // for the user: files that GTK ignores
+};
+
+// The list after reading the system's files, without (`user` false) or with the user's one. Throws
+// nothing for what it finds.
+PrintBackends printBackends(const GtkSettingsPlaces& places, bool user);
+
+// The list that counts before `file` is read; `file` is one of the places.
+std::string inheritedBackends(const GtkSettingsPlaces& places, const std::string& file);
+
+// The library that GTK would load for the print backend "publishing"; nothing when it finds none.
+std::optional<std::string> printBackendLibrary();
+
+}  // namespace publishing
