@@ -1,5 +1,6 @@
 // publishing-dialog FILE: opens the desktop's print dialog for a PDF or PostScript file and prints
-// it. The dialog has the panel "Publishing".
+// it. The dialog gets the panel "Publishing" as in every program: from the extension that GTK
+// loads.
 #include <clocale>
 #include <iostream>
 #include <string>
@@ -9,9 +10,10 @@
 #include "printing/Document.h"
 #include "printing/PrintError.h"
 #include "printing/Translation.h"
+#include "programs/DialogExtension.h"
 #include "programs/DocumentPrinter.h"
 #include "programs/ExitStatus.h"
-#include "shells/gtk/PrintDialogHost.h"
+#include "shells/gtk/GObjectPtr.h"
 
 namespace {
 
@@ -24,11 +26,10 @@ int fail(const std::string& message, ExitStatus status) {
 
 int printWithDialog(const std::string& path) {
   const Document document(path);
-  PrintDialogHost::prepare();
+  DialogExtension::enable(gtk_settings_get_default());
   const auto widget = shareGObject(
       gtk_print_unix_dialog_new(translated("Print %s", document.defaultTitle()).c_str(), nullptr));
   auto* dialog = GTK_PRINT_UNIX_DIALOG(widget.get());
-  PrintDialogHost::attach(dialog);
   DocumentPrinter printer(document, dialog);
   const ExitStatus status = printer.run();
   gtk_widget_destroy(widget.get());
@@ -40,14 +41,15 @@ int printWithDialog(const std::string& path) {
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   bindTranslations();
-  if (gtk_init_check(&argc, &argv) == 0) {
-    return fail(translated("There is no display to show a dialog on. Use: publishing print FILE"),
-                kTrouble);
-  }
-  if (argc != 2 || argv[1][0] == '-') {
-    return fail(translated("Usage: publishing-dialog FILE"), kWrongUsage);
-  }
   try {
+    DialogExtension::makeFindable();
+    if (gtk_init_check(&argc, &argv) == 0) {
+      return fail(translated("There is no display to show a dialog on. Use: publishing print FILE"),
+                  kTrouble);
+    }
+    if (argc != 2 || argv[1][0] == '-') {
+      return fail(translated("Usage: publishing-dialog FILE"), kWrongUsage);
+    }
     return printWithDialog(argv[1]);
   } catch (const PrintError& error) {
     return fail(error.what(), static_cast<ExitStatus>(error.exitStatus()));

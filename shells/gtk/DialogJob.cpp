@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 namespace {
@@ -23,7 +24,9 @@ Sides sidesOf(GtkPrintSettings* settings) {
 void addOption(const gchar* key, const gchar* value, gpointer job) {
   const std::string_view name = key;
   if (!name.starts_with(kOptionPrefix) || value == nullptr) return;
-  static_cast<DialogJob*>(job)->options.emplace(name.substr(kOptionPrefix.size()), value);
+  guarded([&] {
+    static_cast<DialogJob*>(job)->options.emplace(name.substr(kOptionPrefix.size()), value);
+  });
 }
 
 }  // namespace

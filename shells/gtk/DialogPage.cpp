@@ -4,6 +4,7 @@
 
 #include "printing/Translation.h"
 #include "shells/gtk/DisplayText.h"
+#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 namespace {
@@ -51,7 +52,9 @@ void DialogPage::addPanel() {
   gtk_widget_set_hexpand(summary_, TRUE);
   gtk_style_context_add_class(gtk_widget_get_style_context(summary_), "dim-label");
   GtkWidget* help = gtk_button_new_with_mnemonic(translated("_Help").c_str());
-  const auto clicked = [](GtkButton*, gpointer self) { static_cast<DialogPage*>(self)->help_(); };
+  const auto clicked = [](GtkButton*, gpointer self) {
+    guarded([&] { static_cast<DialogPage*>(self)->help_(); });
+  };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   gtk_container_add(GTK_CONTAINER(foot), summary_);
   gtk_container_add(GTK_CONTAINER(foot), help);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shells/gtk/DisplayText.h"
+#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 
@@ -30,7 +31,7 @@ void GtkCheckBox::setAction(const char* signal, Action action) {
   action_ = std::move(action);
   const auto send = [](GtkToggleButton*, gpointer self) {
     auto& box = *static_cast<GtkCheckBox*>(self);
-    box.action_(box);
+    guarded([&] { box.action_(box); });
   };
   handlers_.connect(button(), signal, G_CALLBACK(+send), this);
 }
@@ -86,7 +87,7 @@ void GtkRadioMatrix::activate(GtkToggleButton* button) {
 void GtkRadioMatrix::clicked(GtkToggleButton* button, gpointer cell) {
   if (gtk_toggle_button_get_active(button) == 0) return;
   const auto& clickedCell = *static_cast<Cell*>(cell);
-  clickedCell.action(*clickedCell.matrix);
+  guarded([&] { clickedCell.action(*clickedCell.matrix); });
 }
 
 GtkListStore* GtkPopUpButton::items() const {
@@ -170,7 +171,7 @@ void GtkTabView::removeTabViewItemAtIndex(std::int64_t index) {
 void GtkTabView::setAction(const char* signal, std::function<void()> didSelect) {
   didSelect_ = std::move(didSelect);
   const auto send = [](GtkNotebook*, GtkWidget*, guint, gpointer self) {
-    static_cast<GtkTabView*>(self)->didSelect_();
+    guarded([&] { static_cast<GtkTabView*>(self)->didSelect_(); });
   };
   handlers_.connect(notebook(), signal, G_CALLBACK(+send), this, G_CONNECT_AFTER);
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shells/gtk/DisplayText.h"
+#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 namespace {
@@ -78,29 +79,37 @@ bool GtkTextField::mayBecome(const std::string& edited) {
   return false;
 }
 
+bool GtkTextField::mayInsert(std::string_view text, gint position) {
+  if (formatter_ == nullptr) return true;
+  std::string edited = gtk_entry_get_text(entry());
+  edited.insert(byteOfCharacter(edited, position), text);
+  return mayBecome(edited);
+}
+
+bool GtkTextField::mayDelete(gint start, gint end) {
+  if (formatter_ == nullptr) return true;
+  std::string edited = gtk_entry_get_text(entry());
+  const std::size_t first = byteOfCharacter(edited, start);
+  edited.erase(first, byteOfCharacter(edited, end) - first);
+  if (!mayBecome(edited)) return false;
+  rememberUntilNextEvent();
+  return true;
+}
+
 void GtkTextField::insertText(GtkEditable* editable, const gchar* text, gint length, gint* position,
                               gpointer self) {
-  auto& field = *static_cast<GtkTextField*>(self);
-  if (field.formatter_ == nullptr) return;
-  std::string edited = gtk_entry_get_text(field.entry());
   const std::size_t size = length < 0 ? std::strlen(text) : static_cast<std::size_t>(length);
-  edited.insert(byteOfCharacter(edited, *position), text, size);
-  if (field.mayBecome(edited)) return;
+  bool goesOn = true;
+  guarded([&] { goesOn = static_cast<GtkTextField*>(self)->mayInsert({text, size}, *position); });
+  if (goesOn) return;
   *position = gtk_editable_get_position(editable);
   g_signal_stop_emission_by_name(editable, "insert-text");
 }
 
 void GtkTextField::deleteText(GtkEditable* editable, gint start, gint end, gpointer self) {
-  auto& field = *static_cast<GtkTextField*>(self);
-  if (field.formatter_ == nullptr) return;
-  std::string edited = gtk_entry_get_text(field.entry());
-  const std::size_t first = byteOfCharacter(edited, start);
-  edited.erase(first, byteOfCharacter(edited, end) - first);
-  if (field.mayBecome(edited)) {
-    field.rememberUntilNextEvent();
-  } else {
-    g_signal_stop_emission_by_name(editable, "delete-text");
-  }
+  bool goesOn = true;
+  guarded([&] { goesOn = static_cast<GtkTextField*>(self)->mayDelete(start, end); });
+  if (!goesOn) g_signal_stop_emission_by_name(editable, "delete-text");
 }
 
 }  // namespace publishing

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <gtk/gtk.h>
 
@@ -36,6 +37,8 @@ class GtkTextField final : public GtkControl<TextField> {
 
   // Whether the edit may go on as GTK makes it.
   bool mayBecome(const std::string& edited);
+  bool mayInsert(std::string_view text, gint position);
+  bool mayDelete(gint start, gint end);
 
   static void insertText(GtkEditable* editable, const gchar* text, gint length, gint* position,
                          gpointer self);

@@ -27,17 +27,17 @@ KeyFile readFile() {
   return file;
 }
 
-void readShowHidden(GKeyFile* file, HostRules& rules) {
+void readSwitch(GKeyFile* file, const char* key, const char* variable, bool& value) {
   GError* error = nullptr;
-  const bool show = g_key_file_get_boolean(file, kGroup, "ShowHiddenPanels", &error) != 0;
+  const bool isOn = g_key_file_get_boolean(file, kGroup, key, &error) != 0;
   if (error == nullptr) {
-    rules.showHiddenPanels = show;
+    value = isOn;
   } else if (g_error_matches(error, G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
-    g_message("%s: ShowHiddenPanels is true or false", kFile);
+    g_message("%s: %s is true or false", kFile, key);
   }
   g_clear_error(&error);
-  const gchar* overruled = g_getenv("PUBLISHING_SHOW_HIDDEN_PANELS");
-  if (overruled != nullptr) rules.showHiddenPanels = g_strcmp0(overruled, "0") != 0;
+  const gchar* wish = g_getenv(variable);
+  if (wish != nullptr) value = g_strcmp0(wish, "0") != 0 && g_strcmp0(wish, "off") != 0;
 }
 
 void readSeconds(GKeyFile* file, HostRules& rules) {
@@ -55,7 +55,9 @@ void readSeconds(GKeyFile* file, HostRules& rules) {
 HostRules HostRules::load() {
   HostRules rules;
   const KeyFile file = readFile();
-  readShowHidden(file.get(), rules);
+  readSwitch(file.get(), "Extension", "PUBLISHING_EXTENSION", rules.extension);
+  readSwitch(file.get(), "ShowHiddenPanels", "PUBLISHING_SHOW_HIDDEN_PANELS",
+             rules.showHiddenPanels);
   readSeconds(file.get(), rules);
   const gchar* folder = g_getenv("PUBLISHING_DATA_DIR");
   rules.dataFolder = folder != nullptr ? folder : PUBLISHING_DATA_DIR;

@@ -9,11 +9,14 @@ namespace publishing {
 // the system's ($XDG_CONFIG_DIRS):
 //
 //   [Dialog]
+//   Extension=true          # false: print dialogs stay without the panel
 //   ShowHiddenPanels=true   # show a panel although it asks not to be listed
 //   PrinterSeconds=10       # how long a printer may take to answer before the dialog says so
 //
-// The environment variable PUBLISHING_SHOW_HIDDEN_PANELS (1 or 0) overrules the file.
+// The environment variables PUBLISHING_EXTENSION and PUBLISHING_SHOW_HIDDEN_PANELS (0 or "off": no;
+// anything else: yes) overrule the file.
 struct HostRules {
+  bool extension = true;
   bool showHiddenPanels = true;
   unsigned printerSeconds = 10;  // 1 to 600
 

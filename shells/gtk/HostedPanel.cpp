@@ -6,6 +6,7 @@
 #include "printing/PrintError.h"
 #include "printing/StoredSettings.h"
 #include "printing/Translation.h"
+#include "shells/gtk/Guarded.h"
 #include "shells/gtk/PanelReasons.h"
 
 namespace publishing {
@@ -58,7 +59,9 @@ void HostedPanel::dropStoredIndexes() {
 }
 
 void HostedPanel::watchControls() {
-  const auto tell = [](GtkWidget*, gpointer self) { static_cast<HostedPanel*>(self)->changed_(); };
+  const auto tell = [](GtkWidget*, gpointer self) {
+    guarded([&] { static_cast<HostedPanel*>(self)->changed_(); });
+  };
   const auto watch = [&](GtkWidget* widget, const char* signal) {
     handlers_.connect(widget, signal, G_CALLBACK(+tell), this, G_CONNECT_AFTER);
   };
@@ -132,7 +135,6 @@ std::map<std::string, std::string> HostedPanel::media() {
     if (!wasOn) continue;
     const std::string medium = mediumOf(feature);
     printer_->ppd()->mark(feature.option, medium);
-    dialogMedia_[feature.option] = medium;
     media[feature.option] = medium;
   }
   return media;

@@ -42,12 +42,17 @@ class HostedPanel {
   void follow(const DialogJob& job);
 
   // Picks the media that the user chose in the dialog's own tabs, and switches their features on:
-  // media of the panel's options that differ from what media() gave and the dialog said last.
+  // media of the panel's options that differ from what the dialog showed last.
   void takeMedia(const DialogJob& job);
 
   // The media choices by PPD option that the dialog is to show: those of the features that are on,
   // and the first choices of those that were on before. Marks them.
   std::map<std::string, std::string> media();
+
+  // Notes that the dialog's own tabs show this medium of media() now.
+  void dialogShows(const std::string& option, const std::string& choice) {
+    dialogMedia_[option] = choice;
+  }
 
   // Saves the panel's state. Nothing, after an alert, when the panel does not accept the page list;
   // else all settings of the ticket, the panel's among them.

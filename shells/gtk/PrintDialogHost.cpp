@@ -1,11 +1,15 @@
 #include "shells/gtk/PrintDialogHost.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/global.h"
 #include "printing/Translation.h"
 #include "shells/gtk/ConflictDialog.h"
+#include "shells/gtk/Guarded.h"
+#include "shells/gtk/JobHandover.h"
 
 namespace publishing {
 namespace {
@@ -24,14 +28,17 @@ std::string dialogName(const std::string& jobOption) {
   return "cups-" + jobOption;
 }
 
-// Nothing of ours may be thrown into the program.
-template <class Function>
-void guarded(Function function) noexcept {
-  try {
-    function();
-  } catch (const std::exception& error) {
-    g_message("The panel gave up: %s", error.what());
+// Those of a job's settings that come from the panel, media included, as the dialog names them.
+JobHandover::Options panelOptions(const JobTicket::Options& settings) {
+  JobHandover::Options options;
+  for (const auto& [key, value] : settings) {
+    const bool isMedium = key == cCoverMediaType || key == cPageMediaType;
+    if (isMedium ||
+        std::find(std::begin(kPanelKeys), std::end(kPanelKeys), key) != std::end(kPanelKeys)) {
+      options[dialogName(key)] = value;
+    }
   }
+  return options;
 }
 
 }  // namespace
@@ -42,21 +49,29 @@ PrintDialogHost* PrintDialogHost::of(GtkPrintUnixDialog* dialog) {
 
 bool PrintDialogHost::attach(GtkPrintUnixDialog* dialog) {
   if (of(dialog) != nullptr) return true;
-  if (!PrinterOptionSet::isAvailable()) {
+  HostRules rules = HostRules::load();
+  if (!rules.extension || (PublishingPDE::shouldHide() && !rules.showHiddenPanels)) return false;
+  if (!PrinterOptionSet::watch() && !JobHandover::watch()) {
     g_message("This GTK takes no options from the panel, which is left out");
     return false;
   }
-  prepare();
-  HostRules rules = HostRules::load();
-  if (PublishingPDE::shouldHide() && !rules.showHiddenPanels) return false;
-  guarded([&] {
-    const auto destroy = [](gpointer host) { delete static_cast<PrintDialogHost*>(host); };
-    auto* host = new PrintDialogHost(dialog, std::move(rules));
-    g_object_set_data_full(G_OBJECT(dialog), kHostKey, host, +destroy);
+  const auto destroy = [](gpointer host) { delete static_cast<PrintDialogHost*>(host); };
+  auto* host = new PrintDialogHost(dialog, std::move(rules));
+  g_object_set_data_full(G_OBJECT(dialog), kHostKey, host, +destroy);
+  try {
     host->connect();
     host->followPrinter();
-  });
+  } catch (...) {
+    detach(dialog);
+    throw;
+  }
   return true;
+}
+
+void PrintDialogHost::detach(GtkPrintUnixDialog* dialog) {
+  const auto tab = shareGObject(of(dialog)->page_.content());
+  g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);  // deletes the host
+  gtk_widget_destroy(tab.get());
 }
 
 PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
@@ -81,7 +96,7 @@ void PrintDialogHost::connect() {
     if (!print) g_signal_stop_emission_by_name(dialog, "response");
   };
   const auto gone = [](GtkWidget* dialog, gpointer) {
-    g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);  // deletes the host
+    g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);
   };
   const auto soon = [](GtkWidget*, gpointer host) {
     static_cast<PrintDialogHost*>(host)->refreshSoon();
@@ -185,8 +200,9 @@ void PrintDialogHost::refresh() {
 
 void PrintDialogHost::giveMedia() {
   const SignalHandlers::Block block(optionHandlers_);
-  for (const auto& [option, choice] : panel_->media())
-    options_.set(dialogName(option), choice);
+  for (const auto& [option, choice] : panel_->media()) {
+    if (options_.set(dialogName(option), choice)) panel_->dialogShows(option, choice);
+  }
 }
 
 // The dialog's own handler would take the change for the user's and stop waiting for the printer
@@ -244,6 +260,10 @@ bool PrintDialogHost::mayPrint() {
 }
 
 void PrintDialogHost::handOver(const JobTicket::Options& settings) const {
+  if (!options_) {
+    JobHandover::give(gtk_print_unix_dialog_get_selected_printer(dialog_), panelOptions(settings));
+    return;
+  }
   for (const char* key : kPanelKeys) {
     const auto saved = settings.find(key);
     if (saved != settings.end()) {

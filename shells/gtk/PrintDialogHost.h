@@ -21,14 +21,11 @@ namespace publishing {
 // The panel asks not to be listed. It is shown all the same unless HostRules says otherwise.
 class PrintDialogHost {
  public:
-  // Adds the tab to a dialog; must come before the program connects to its "response", best while
-  // it is constructed. False, with nothing done and the reason in the log, when this GTK lacks what
-  // is needed or the rules hide the panel. Does nothing for a dialog that has a host.
+  // Adds the tab to a dialog that has not selected a printer yet; must come before the program
+  // connects to its "response", best while it is constructed. False, with nothing done, when the
+  // rules leave the panel out or, with a line in the log, this GTK lacks what is needed. Does
+  // nothing for a dialog that has a host. What it throws leaves the dialog as it was.
   static bool attach(GtkPrintUnixDialog* dialog);
-
-  // To be called once before the first dialog is made: a dialog that makes its options before it is
-  // attached to has no place for the panel's choices.
-  static void prepare() { PrinterOptionSet::watch(); }
 
   // The dialog's host; null when it has none.
   static PrintDialogHost* of(GtkPrintUnixDialog* dialog);
@@ -43,6 +40,7 @@ class PrintDialogHost {
  private:
   PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules);
 
+  static void detach(GtkPrintUnixDialog* dialog);
   void connect();
   void followPrinter();
   void showPrinter(std::unique_ptr<Printer> printer, const std::string& problem);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 
@@ -45,13 +46,13 @@ void PrinterFetch::opened(GObject*, GAsyncResult* result, gpointer) {
   request.owner->stopClock();
   // What is called may destroy the owner.
   const Done done = std::move(request.owner->done_);
-  done(std::move(request.printer), request.problem);
+  guarded([&] { done(std::move(request.printer), request.problem); });
 }
 
 gboolean PrinterFetch::tooLate(gpointer self) {
   auto& fetch = *static_cast<PrinterFetch*>(self);
   fetch.clock_ = 0;
-  fetch.late_();
+  guarded([&] { fetch.late_(); });
   return G_SOURCE_REMOVE;
 }
 

@@ -38,7 +38,8 @@ Functions findFunctions() {
                    find(gtk, "gtk_printer_option_set_add", found.add) &&
                    find(gtk, "gtk_printer_option_set_remove", found.remove) &&
                    find(gtk, "gtk_printer_option_new", found.newOption) &&
-                   find(gtk, "gtk_printer_option_set", found.setValue);
+                   find(gtk, "gtk_printer_option_set", found.setValue) &&
+                   g_type_is_a(found.getType(), G_TYPE_OBJECT) != 0;
   return found;
 }
 
@@ -59,17 +60,17 @@ void constructed(GObject* set) {
 
 }  // namespace
 
-bool PrinterOptionSet::isAvailable() {
-  return functions().complete;
+bool PrinterOptionSet::watch() {
+  static const bool hooked = hook();
+  return hooked;
 }
 
-void PrinterOptionSet::watch() {
-  static bool hooked = false;
-  if (hooked || !isAvailable()) return;
-  hooked = true;
+bool PrinterOptionSet::hook() {
+  if (!functions().complete) return false;
   auto* type = G_OBJECT_CLASS(g_type_class_ref(functions().getType()));  // kept for good
   constructedBefore = type->constructed;
   type->constructed = constructed;
+  return true;
 }
 
 PrinterOptionSet PrinterOptionSet::newest() {

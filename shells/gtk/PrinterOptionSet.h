@@ -15,13 +15,10 @@ namespace publishing {
 // GTK exports the functions but does not declare them, so they are looked up by name.
 class PrinterOptionSet {
  public:
-  // Whether this process has a GTK with all the functions (3.24); if not, nothing below works and
-  // every set is empty.
-  static bool isAvailable();
-
   // Remembers each option set that a dialog makes from now on. Hooks the type for the life of the
-  // process; more than one call does no more.
-  static void watch();
+  // process; more than one call does no more. False when this GTK lacks one of the functions: every
+  // set is empty then.
+  static bool watch();
 
   // The set made last. A dialog has just made its own when it reports another selected printer.
   static PrinterOptionSet newest();
@@ -46,6 +43,7 @@ class PrinterOptionSet {
   void remove(const std::string& name) const;
 
  private:
+  static bool hook();
   explicit PrinterOptionSet(GObject* set) : set_(shareGObject(set)) {}
 
   GObjectPtr<GObject> set_;

@@ -31,7 +31,6 @@ PrintDialogUser::PrintDialogUser(GtkPrintSettings* settings)
     : watch([this](const auto& title, const auto& message, const auto&) {
         alerts.push_back({title, message});
       }) {
-  PrintDialogHost::prepare();
   dialog_ = shareGObject(gtk_print_unix_dialog_new(nullptr, nullptr));
   auto* dialog = GTK_PRINT_UNIX_DIALOG(dialog_.get());
   PrintDialogHost::attach(dialog);

@@ -30,8 +30,22 @@ TEST(HostRules, HiddenPanelsAreShownUnlessTheFileOrTheEnvironmentHidesThem) {
   g_unsetenv("PUBLISHING_SHOW_HIDDEN_PANELS");
 }
 
+TEST(HostRules, PanelCanBeSwitchedOffInTheFileOrTheEnvironment) {
+  EXPECT_TRUE(HostRules::load().extension);
+  EXPECT_TRUE(rulesOf("[Dialog]\nExtension=true\n").extension);
+  EXPECT_FALSE(rulesOf("[Dialog]\nExtension=false\n").extension);
+  g_setenv("PUBLISHING_EXTENSION", "1", TRUE);
+  EXPECT_TRUE(rulesOf("[Dialog]\nExtension=false\n").extension);
+  for (const char* no : {"0", "off"}) {
+    g_setenv("PUBLISHING_EXTENSION", no, TRUE);
+    EXPECT_FALSE(rulesOf("[Dialog]\nExtension=true\n").extension) << no;
+  }
+  g_unsetenv("PUBLISHING_EXTENSION");
+}
+
 TEST(HostRules, ValuesThatMakeNoSenseAreLeftOut) {
   EXPECT_TRUE(rulesOf("[Dialog]\nShowHiddenPanels=perhaps\n").showHiddenPanels);
+  EXPECT_TRUE(rulesOf("[Dialog]\nExtension=perhaps\n").extension);
   EXPECT_TRUE(rulesOf("no key file at all").showHiddenPanels);
   for (const char* seconds : {"0", "601", "-1", "soon", ""}) {
     EXPECT_EQ(rulesOf(std::string("[Dialog]\nPrinterSeconds=") + seconds + "\n").printerSeconds,
