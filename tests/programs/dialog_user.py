@@ -63,7 +63,8 @@ class User:
     def seek(self, role, name):
         root = self.root()
         for node in descendants(root) if root else ():
-            if node.get_role_name() == role and node.get_name() == name:
+            # Menus append room for shortcuts.
+            if node.get_role_name() == role and node.get_name().rstrip() == name:
                 return node
         return None
 
@@ -155,16 +156,24 @@ class Program(User):
                 return application
         return None
 
+    def windows(self):
+        application = self.application()
+        for index in range(application.get_child_count() if application else 0):
+            window = application.get_child_at_index(index)
+            if window:
+                yield window
+
     def window(self, title):
         """The user at the window with this title alone."""
         def find():
-            application = self.application()
-            for index in range(application.get_child_count() if application else 0):
-                child = application.get_child_at_index(index)
-                if child and child.get_name() == title:
-                    return child
-            return None
+            return next((one for one in self.windows() if one.get_name() == title), None)
         wait_for(f"the window “{title}”", find, self.describe)
+        return User(find, self.describe)
+
+    def alert(self):
+        """The user at the message that waits for an answer."""
+        def find():
+            return next((one for one in self.windows() if one.get_role_name() == "alert"), None)
         return User(find, self.describe)
 
     def describe_windows(self):
@@ -184,6 +193,11 @@ class Program(User):
         return wait_for("the end of the program",
                         lambda: None if self.process.poll() is None else [self.process.returncode],
                         self.describe)[0]
+
+    def end(self):
+        """Ends a program that would run on after printing."""
+        self.process.terminate()
+        self.process.wait()
 
     def complaints(self):
         return [line for line in self.messages().splitlines()

@@ -1,12 +1,14 @@
 #!/usr/bin/python3
 """The extension in programs that know nothing of it, from outside, against a print server of its own:
 extension_run.py BUILD_FOLDER PROJECT_FOLDER CASE...
+extension_run.py BUILD_FOLDER PROJECT_FOLDER --table   writes the table in docs/extension.md anew
 
-Without a CASE it lists the cases. Runs under tests/tools/with-display with NO_AT_BRIDGE empty.
+Runs under tests/tools/with-display with NO_AT_BRIDGE empty.
 """
 
 import os
 import shutil
+import subprocess
 import sys
 import tempfile
 
@@ -15,6 +17,8 @@ from panel_run import (TICKS, check_bare_job, check_calm, check_job, check_store
                        print_after_refusal)
 
 TAB = "Publishing"
+STEPS = ("Tab", "Bad page list keeps the dialog open", "Options in job and PostScript",
+         "Stored state in the next dialog")
 PLAIN_PPD = """*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
@@ -53,6 +57,7 @@ class Desk:
         self.build, self.project, self.folder = build, project, folder
         self.document = os.path.join(project, "tests/data/report.pdf")
         self.log_count = 0
+        self.passed = 0  # steps of whole_run
         self.write_settings()
         os.environ["XDG_CONFIG_DIRS"] = os.path.join(folder, "etc")
         os.environ["GTK_PATH"] = os.path.dirname(os.path.dirname(self.library_folder()))
@@ -100,21 +105,34 @@ class Desk:
                 os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0", **environment}
 
 
-def whole_run(desk, open_program, title):
-    """Tab, veto, print, stored state: `open_program` starts a program and opens its dialog."""
+def whole_run(desk, open_program, title, close=None):
+    """STEPS in that order: `open_program` starts a program and opens its dialog."""
+    close = close or wait_until_closed
     first = open_program()
     dialog = first.window(title)
+    dialog.find("page tab", TAB)
+    desk.passed = 1
     print_after_refusal(first, dialog, desk.server)
+    desk.passed = 2
     check_job(desk.server)
     close(first)
+    desk.passed = 3
     second = open_program()
     dialog = second.window(title)
     check_stored(dialog)
     dialog.press("Cancel")
     close(second)
+    desk.passed = 4
 
 
-def close(program):
+def end_quietly(program):
+    """For programs that run on: the panel must have said nothing."""
+    program.end()
+    ours = [line for line in program.messages().splitlines() if "publishing" in line.lower()]
+    check(ours == [], f"lines in the log: {ours}")
+
+
+def wait_until_closed(program):
     check(program.wait_for_end() == 0, f"the program did not end well: {program.messages()}")
     check_calm(program)
 
@@ -124,7 +142,7 @@ def bare_run(desk, said, **environment):
     program = desk.start("print-dialog", desk.document, **environment)
     dialog = program.window("Stranger 1")
     print_bare(dialog)
-    close(program)
+    wait_until_closed(program)
     check_bare_job(desk.server)
     lines = [line for line in program.messages().splitlines() if "publishing-" in line.lower()]
     check(len(lines) == (1 if said else 0), f"lines in the log: {lines}")
@@ -158,6 +176,25 @@ def gtkmm(desk):
     # With the names of the binding GLib needs a larger table, and loses the first one.
     leaky = desk.leaky()
     whole_run(desk, lambda: desk.start("gtkmm-print", desk.document, **leaky), "Stranger")
+
+
+def evince(desk):
+    def open_dialog():
+        program = desk.start("evince", desk.document)
+        program.find("document frame", "Document View")
+        program.act("push button", "Print…")
+        return program
+    whole_run(desk, open_dialog, "Print", end_quietly)
+
+
+def mousepad(desk):
+    desk.write("document.txt", "A line of text.\n" * 1000)
+
+    def open_dialog():
+        program = desk.start("mousepad", os.path.join(desk.folder, "document.txt"))
+        program.act("menu item", "Print...")
+        return program
+    whole_run(desk, open_dialog, "Print", end_quietly)
 
 
 def hidden_functions(desk):
@@ -197,7 +234,7 @@ def setting_cleared(desk):
     choose(first, "5")
     first.press("Cancel")
     print_bare(program.window("Stranger 2"))
-    close(program)
+    wait_until_closed(program)
     check_bare_job(desk.server)
 
 
@@ -210,7 +247,7 @@ def twice(desk, program, title):
     second = program.window(title.format(2))
     check_stored(second)
     second.press("Print")
-    close(program)
+    wait_until_closed(program)
     check_job(desk.server, 2)
 
 
@@ -243,7 +280,7 @@ def two_at_once(desk):
     second.act("push button", "Print")
     check("VtCoverModeState=Off" in desk.server.options(desk.server.job(1)), "covers in job 1")
     first.act("push button", "Print")
-    close(program)
+    wait_until_closed(program)
     check_job(desk.server, 2)
 
 
@@ -260,7 +297,7 @@ def other_printers(desk):
         dialog.choose_printer(printer)
         wait_for(f"the empty tab of {printer}", lambda: not has_panel(dialog), program.describe)
         dialog.press("Print")
-    close(program)
+    wait_until_closed(program)
     check_bare_job(desk.server)
     printed = os.path.join(desk.folder, "output.pdf")
     check(os.path.getsize(printed) > 0, "nothing was printed to the file")
@@ -284,7 +321,7 @@ def broken_ppd(desk):
     dialog.choose_printer("Office")
     choose(dialog, "5,8,12-14")
     dialog.press("Print")
-    close(program)
+    wait_until_closed(program)
     check_job(desk.server)
 
 
@@ -298,30 +335,81 @@ def process_untouched(desk):
         if switch == "1":
             choose(dialog, "5,8,12-14")
         dialog.press("Print")
-        close(program)
+        wait_until_closed(program)
         states += [line for line in program.messages().splitlines() if line.startswith("state:")]
     check(len(states) == 2 and states[0] == states[1], f"another state: {states}")
 
 
 CASES = {function.__name__.replace("_", "-"): function for function in (
-    operation, operation_async, own_dialog, header_bar, gtkmm, hidden_functions, switched_off,
+    operation, operation_async, own_dialog, header_bar, gtkmm, evince, mousepad, hidden_functions, switched_off,
     switched_off_by_rule, another_gtk, no_panel_library, other_panel_library, setting_cleared,
     twice_in_own_dialog, twice_in_operation, replaced_meanwhile, two_at_once, other_printers,
     broken_ppd, process_untouched)}
 
 
+
+def version_of(*command):
+    return subprocess.run(command, text=True, capture_output=True, check=True).stdout.splitlines()[0]
+
+
+def programs_of_the_table():
+    gtkmm_version = version_of("pkg-config", "--modversion", "gtkmm-3.0")
+    return {"evince": version_of("evince", "--version"),
+            "mousepad": version_of("mousepad", "--version").split(" - ")[0],
+            "gtkmm": f"a program with gtkmm {gtkmm_version}",
+            "own-dialog": "a program with a print dialog and a job of its own",
+            "header-bar": "the same with buttons in the header bar",
+            "operation": "a program with a print operation",
+            "operation-async": "the same, run asynchronously"}
+
+
+def run(build, project, case, steps=None):
+    """Runs a case; `steps`, if any, gets how many of the STEPS passed."""
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o755)
+        desk = Desk(build, project, folder)
+        try:
+            CASES[case](desk)
+        finally:
+            desk.server.stop()
+            if steps is not None:
+                steps[case] = desk.passed
+
+
+def table(build, project):
+    steps = {}
+    programs = programs_of_the_table()
+    for case in programs:
+        # What one case leaves in the user's settings is none of the next one's.
+        shutil.rmtree(os.environ["XDG_CONFIG_HOME"], ignore_errors=True)
+        try:
+            run(build, project, case, steps)
+        except SystemExit as failure:
+            print(f"{case}: {failure}", file=sys.stderr)
+    rows = [["", *STEPS], ["---"] * (len(STEPS) + 1)]
+    for case, program in programs.items():
+        rows.append([program, *("yes" if step < steps[case] else "no"
+                                for step in range(len(STEPS)))])
+    return "".join("| " + " | ".join(row) + " |\n" for row in rows)
+
+
+def write_table(build, project):
+    begin, end = "<!-- table -->\n", "<!-- end of the table -->\n"
+    path = os.path.join(project, "docs/extension.md")
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    before, after = text.split(begin)[0], text.split(end)[1]
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(before + begin + table(build, project) + end + after)
+
+
 def main():
     build, project, *cases = sys.argv[1:]
-    if not cases:
-        print("\n".join(CASES))
-    for case in cases:
-        with tempfile.TemporaryDirectory() as folder:
-            os.chmod(folder, 0o755)
-            desk = Desk(build, project, folder)
-            try:
-                CASES[case](desk)
-            finally:
-                desk.server.stop()
+    if cases == ["--table"]:
+        write_table(build, project)
+    else:
+        for case in cases:
+            run(build, project, case)
 
 
 if __name__ == "__main__":
