@@ -27,15 +27,6 @@ std::string refusal(const std::string& name, const std::string& value) {
   return {};
 }
 
-TEST(JobTicket, KeepsEmptyValuesAndForgetsRemovedKeys) {
-  JobTicket ticket;
-  EXPECT_EQ(ticket.getValue("VtCmIndex"), std::nullopt);
-  ticket.setValue("VtCmIndex", "");
-  EXPECT_EQ(ticket.getValue("VtCmIndex"), "");
-  ticket.setValue("VtCmIndex", std::nullopt);
-  EXPECT_EQ(ticket.getValue("VtCmIndex"), std::nullopt);
-}
-
 TEST(JobTicket, DuplexModeFollowsSides) {
   struct {
     Sides sides;
