@@ -5,40 +5,62 @@
 #include <exception>
 #include <iostream>
 #include <limits>
-#include <string_view>
-#include <utility>
 
 namespace publishing {
 namespace {
 
-// The value of a run of digits; one beyond every bound is as good as the next.
-std::int64_t numberFrom(std::string_view digits) {
+constexpr bool isDigit(char byte) {
+  return static_cast<std::uint8_t>(byte - '0') <= 9;
+}
+
+// Moves `next` past the digits that it stands at and gives their value, 0 for none. Numbers beyond
+// every bound are as good as each other.
+std::int64_t takeNumber(const char*& next) {
   constexpr std::int64_t kLargest = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
   std::int64_t value = 0;
-  for (const char digit : digits)
-    value = std::min(value * 10 + (digit - '0'), kLargest);
+  for (; isDigit(*next); ++next)
+    value = std::min(value * 10 + (*next - '0'), kLargest);
   return value;
+}
+
+bool isItemEnd(char byte) {
+  return byte == ',' || byte == '\0';
 }
 
 class PageList {
  public:
-  PageList(std::vector<std::int32_t>* pages, std::int32_t* count, bool duplex,
-           std::int64_t coverMode, int upper, int limit)
+  PageList(std::vector<std::int32_t>* pages, bool duplex, std::int64_t coverMode, int upper,
+           int limit)
       : pages_(pages),
-        count_(count),
         lowest_((coverMode & 3) == 3 ? 3 : 2),
         lowestStart_(duplex ? lowest_ : 2),
         upper_(upper),
         remaining_(limit) {}
 
-  std::int32_t add(const std::string& item) {
-    if (isValidNumber(item.c_str())) return addPage(numberFrom(item));
-    const std::size_t dash = item.find('-');
-    if (dash == std::string::npos) return kPageListMalformed;
-    return addRange(item.substr(0, dash), item.substr(dash + 1));
+  // Takes the items of the list up to the first fault.
+  std::int32_t addAll(const char* list) {
+    while (*list != '\0') {
+      if (*list == ',') {
+        ++list;
+      } else if (const std::int32_t result = addItem(list); result != kPageListOK) {
+        return result;
+      }
+    }
+    return kPageListOK;
   }
 
+  [[nodiscard]] std::int32_t count() const { return count_; }
+
  private:
+  // Moves `next` past the item that it stands at.
+  std::int32_t addItem(const char*& next) {
+    const std::int64_t page = takeNumber(next);
+    if (isItemEnd(*next)) return addPage(page);
+    if (*next != '-') return kPageListMalformed;
+    ++next;
+    return addRange(page, next);
+  }
+
   std::int32_t addPage(std::int64_t page) {
     if (holds(page)) return kPageListOK;
     if (page < lowest_ || page > upper_) return kPageListOutOfBounds;
@@ -48,12 +70,10 @@ class PageList {
     return kPageListOK;
   }
 
-  std::int32_t addRange(const std::string& first, const std::string& last) {
-    if (!isValidNumber(first.c_str())) return kPageListMalformed;
-    const std::int64_t start = numberFrom(first);
+  std::int32_t addRange(std::int64_t start, const char*& next) {
     if (start < lowestStart_ || start >= upper_) return kPageListOutOfBounds;
-    if (!isValidNumber(last.c_str())) return kPageListMalformed;
-    const std::int64_t end = numberFrom(last);
+    const std::int64_t end = takeNumber(next);
+    if (!isItemEnd(*next)) return kPageListMalformed;
     if (end > upper_) return kPageListOutOfBounds;
     if (start >= end) return kPageListEmptyRange;
     if (remaining_ <= end - start) return kPageListTooLong;
@@ -63,17 +83,21 @@ class PageList {
     return kPageListOK;
   }
 
+  // Most lists ascend: their pages need not be looked for.
   [[nodiscard]] bool holds(std::int64_t page) const {
-    return pages_ != nullptr && isExist(pages_->data(), *count_, static_cast<std::int32_t>(page));
+    return pages_ != nullptr && page <= highest_ &&
+           isExist(pages_->data(), count_, static_cast<std::int32_t>(page));
   }
 
   void append(std::int64_t page) {
     if (pages_ != nullptr) pages_->push_back(static_cast<std::int32_t>(page));
-    ++*count_;
+    highest_ = std::max(highest_, page);
+    ++count_;
   }
 
   std::vector<std::int32_t>* pages_;
-  std::int32_t* count_;
+  std::int32_t count_ = 0;
+  std::int64_t highest_ = 0;
   std::int64_t lowest_;
   std::int64_t lowestStart_;
   std::int64_t upper_;
@@ -86,27 +110,18 @@ std::int32_t ParsePageNumber(const std::optional<std::string>& text,
                              std::vector<std::int32_t>* pages, std::int32_t* count, bool duplex,
                              std::int64_t coverMode, int upper, int limit) {
   if (!text) return kPageListMalformed;
-  *count = 0;
   if (pages != nullptr) pages->clear();
-
-  PageList list(pages, count, duplex, coverMode, upper, limit);
-  const std::string_view items = text->c_str();  // like every C string, it ends at a NUL
-  for (std::size_t begin = 0; begin < items.size();) {
-    const std::size_t end = std::min(items.find(',', begin), items.size());
-    if (end > begin) {
-      const std::int32_t result = list.add(std::string(items.substr(begin, end - begin)));
-      if (result != kPageListOK) return result;
-    }
-    begin = end + 1;
-  }
-  if (pages != nullptr) insertion_sort(pages->data(), *count);
-  return kPageListOK;
+  PageList list(pages, duplex, coverMode, upper, limit);
+  const std::int32_t result = list.addAll(text->c_str());
+  *count = list.count();
+  if (pages != nullptr && result == kPageListOK) insertion_sort(pages->data(), *count);
+  return result;
 }
 
 bool isValidNumber(const char* text) {
   return guardedScan([text] {
     for (std::size_t next = std::strlen(text); next > 0; --next) {
-      if (static_cast<std::uint8_t>(text[next - 1] - '0') > 9) return false;
+      if (!isDigit(text[next - 1])) return false;
     }
     return true;
   });

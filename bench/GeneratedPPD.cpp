@@ -6,6 +6,12 @@
 namespace publishing::bench {
 namespace {
 
+const std::string kHead =
+    "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*LanguageVersion: English\n"
+    "*LanguageEncoding: UTF-8\n*Manufacturer: \"Zephrel\"\n*ModelName: \"Zephrel PS 9000\"\n"
+    "*NickName: \"Zephrel PS 9000\"\n*OpenGroup: General/General\n";
+const std::string kFoot = "*CloseGroup: General\n";
+
 constexpr int kTrays = 12;
 constexpr int kChoices = 10;
 constexpr int kOpponents = 4;        // options before it that an option has constraints with
@@ -37,9 +43,9 @@ std::string choiceLine(const std::string& option, const std::string& choice) {
          " UpdateFinisher end} if\"\n*End\n";
 }
 
-std::string trays() {
+std::string trays(int count) {
   std::string lines = openUI("InputSlot", "Tray1");
-  for (int tray = 1; tray <= kTrays; ++tray)
+  for (int tray = 1; tray <= count; ++tray)
     lines += choiceLine("InputSlot", numbered("Tray", tray));
   return lines + "*CloseUI: *InputSlot\n";
 }
@@ -70,17 +76,37 @@ std::string finisherOption(int number) {
   return lines;
 }
 
+// An option without code.
+std::string shortOption(int number) {
+  const std::string option = optionName(number);
+  std::string lines = "*OpenUI *" + option + ": PickOne\n*Default" + option + ": None\n";
+  for (int choice = 0; choice < kChoices; ++choice)
+    lines += "*" + option + " " + choiceName(choice) + ": \"\"\n";
+  return lines + "*CloseUI: *" + option + "\n";
+}
+
 }  // namespace
 
 std::string generatedPPD(std::size_t size) {
-  std::string text =
-      "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*LanguageVersion: English\n"
-      "*LanguageEncoding: UTF-8\n*Manufacturer: \"Zephrel\"\n*ModelName: \"Zephrel PS 9000\"\n"
-      "*NickName: \"Zephrel PS 9000\"\n*OpenGroup: General/General\n" +
-      trays();
+  std::string text = kHead + trays(kTrays);
   for (int option = 0; text.size() < size; ++option)
     text += finisherOption(option);
-  return text + "*CloseGroup: General\n";
+  return text + kFoot;
+}
+
+std::string ppdWithConstraints(int constraints) {
+  constexpr int kManyTrays = 1000;
+  constexpr int kOptions = 100;
+  std::string text = kHead + trays(kManyTrays);
+  for (int option = 0; option < kOptions; ++option)
+    text += shortOption(option);
+  text += kFoot;
+  for (int number = 0; number < constraints; ++number) {
+    const int opponent = number / kManyTrays;
+    text += "*UIConstraints: *InputSlot " + numbered("Tray", number % kManyTrays + 1) + " *" +
+            optionName(opponent % kOptions) + " " + choiceName(opponent / kOptions) + "\n";
+  }
+  return text;
 }
 
 }  // namespace publishing::bench

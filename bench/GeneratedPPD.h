@@ -11,4 +11,8 @@ namespace publishing::bench {
 // each listed from both sides, every tenth of them on the twelve trays.
 std::string generatedPPD(std::size_t size);
 
+// A PPD with that many constraints, at most 10^6, each of one of 1000 trays against one of the ten
+// choices of 100 options.
+std::string ppdWithConstraints(int constraints);
+
 }  // namespace publishing::bench

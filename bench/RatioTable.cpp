@@ -1,6 +1,7 @@
 #include "bench/RatioTable.h"
 
 #include <cstdio>
+#include <stdexcept>
 
 namespace publishing::bench {
 
@@ -23,18 +24,18 @@ double MedianReporter::median(const std::string& benchmark) const {
 }
 
 bool printRatios(const std::vector<Comparison>& comparisons, const MedianReporter& medians) {
-  std::printf("\n%-24s %10s   %-24s %10s   %10s   %s\n", "ours", "median us", "peer", "median us",
+  std::printf("\n%-24s %10s   %-28s %10s   %10s   %s\n", "ours", "median ns", "peer", "median ns",
               "ratio", "goal");
   bool met = true;
   for (const auto& [ours, peer, goal, wanted] : comparisons) {
-    const double our = medians.median(ours) / 1e3;
-    const double their = medians.median(peer) / 1e3;
+    const double our = medians.median(ours);
+    const double their = medians.median(peer);
     if (our <= 0 || their <= 0) continue;
     const bool share = goal == Comparison::Goal::kShareAtMost;
     const double ratio = share ? our / their * 100 : their / our;
     const double limit = share ? wanted * 100 : wanted;
     const char* unit = share ? "%" : "x";
-    std::printf("%-24s %10.2f   %-24s %10.2f   %8.2f %s   ", ours.c_str(), our, peer.c_str(), their,
+    std::printf("%-24s %10.1f   %-28s %10.1f   %8.2f %s   ", ours.c_str(), our, peer.c_str(), their,
                 ratio, unit);
     if (wanted == kNoGoal) {
       std::printf("-\n");
@@ -46,6 +47,24 @@ bool printRatios(const std::vector<Comparison>& comparisons, const MedianReporte
                 good ? "met" : "MISSED");
   }
   return met;
+}
+
+bool measureAndCompare(int argc, char** argv, const std::vector<Comparison>& comparisons) {
+  std::string repetitions = "--benchmark_repetitions=9";
+  std::string interleaving = "--benchmark_enable_random_interleaving=true";
+  std::string aggregates = "--benchmark_report_aggregates_only=true";
+  std::string minimum = "--benchmark_min_time=0.02";
+  std::vector<char*> arguments = {argv[0], repetitions.data(), interleaving.data(),
+                                  aggregates.data(), minimum.data()};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+    throw std::invalid_argument("wrong command line");
+  }
+  MedianReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  return printRatios(comparisons, reporter);
 }
 
 }  // namespace publishing::bench

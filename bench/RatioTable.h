@@ -35,4 +35,9 @@ class MedianReporter : public benchmark::ConsoleReporter {
 // comparisons of benchmarks that did not run are left out.
 bool printRatios(const std::vector<Comparison>& comparisons, const MedianReporter& medians);
 
+// Runs the registered benchmarks, as interleaved repetitions: a busy moment of the machine hits
+// ours and peers alike. Writes their medians and then printRatios, whose answer it returns. Takes
+// Google Benchmark's options from the command line; throws std::invalid_argument for others.
+bool measureAndCompare(int argc, char** argv, const std::vector<Comparison>& comparisons);
+
 }  // namespace publishing::bench

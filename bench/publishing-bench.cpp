@@ -1,10 +1,7 @@
 // How the panel's PPD model does against libcups, the ratios in a table at the end. Exits with 1
-// when a goal is missed.
+// when a goal is missed, with 2 when nothing could be measured.
 #include <cstdio>
-#include <ctime>
-#include <fstream>
-#include <memory>
-#include <stdexcept>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -12,58 +9,26 @@
 #include <cups/cups.h>
 #include <cups/ppd.h>
 #include <malloc.h>
-#include <unistd.h>
 
 #include "Publishing/PPDFields.h"
 #include "Publishing/PPDInfo.h"
 #include "bench/GeneratedPPD.h"
+#include "bench/OpenedPPD.h"
 #include "bench/RatioTable.h"
+#include "tests/tools/TemporaryFolder.h"
 
 namespace publishing::bench {
 namespace {
 
-constexpr const char* kInputSlot = "InputSlot";
 constexpr double kLoadShare = 0.03;
-constexpr double kTraysFaster = 50;
+constexpr double kTraysFaster = 100;
 constexpr double kBytesAKeywordByte = 2;
-
-struct ClosePPD {
-  void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
-};
-using OpenedPPD = std::unique_ptr<ppd_file_t, ClosePPD>;
-
-OpenedPPD openPPD(const std::string& path) {
-  OpenedPPD ppd(ppdOpenFile(path.c_str()));
-  if (ppd == nullptr) throw std::runtime_error(path + ": not a PPD");
-  ppdMarkDefaults(ppd.get());
-  return ppd;
-}
-
-// The panel's own load.
-void load(PPDInfo& info, ppd_file_t* ppd) {
-  info.loadPPDFile(ppd);
-  info.loadConstraintsOnlyFor({kInputSlot}, ppd);
-}
-
-std::vector<std::string> traysOf(ppd_file_t* ppd) {
-  std::vector<std::string> trays;
-  for (const ppd_choice_t& tray : choicesOf(ppdFindOption(ppd, kInputSlot)))
-    trays.emplace_back(tray.choice);
-  return trays;
-}
-
-// Seconds that this thread has computed: other programs do not count.
-double computed() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
 
 void openFile(benchmark::State& state, const std::string& path) {
   for (auto iteration : state) {
-    const double begin = computed();
+    const double begin = computedSeconds();
     const OpenedPPD ppd(ppdOpenFile(path.c_str()));
-    state.SetIterationTime(computed() - begin);
+    state.SetIterationTime(computedSeconds() - begin);
   }
 }
 
@@ -80,10 +45,10 @@ void loadModel(benchmark::State& state, const std::string& path) {
 void loadFirstModel(benchmark::State& state, const std::string& path) {
   for (auto iteration : state) {
     const OpenedPPD ppd = openPPD(path);
-    const double begin = computed();
+    const double begin = computedSeconds();
     PPDInfo info;
     load(info, ppd.get());
-    state.SetIterationTime(computed() - begin);
+    state.SetIterationTime(computedSeconds() - begin);
   }
 }
 
@@ -151,11 +116,10 @@ struct Sample {
 };
 
 // The sample PPD of the project and generated ones, written into `folder`.
-std::vector<Sample> samplesIn(const std::string& folder) {
+std::vector<Sample> samplesIn(const TemporaryFolder& folder) {
   std::vector<Sample> samples = {{"sample", SAMPLE_PPD, false}};
   for (const auto& [name, size] : {std::pair("100KB", 100'000UL), std::pair("1MB", 1'000'000UL)}) {
-    samples.push_back({name, folder + "/" + name + ".ppd", true});
-    std::ofstream(samples.back().path) << generatedPPD(size);
+    samples.push_back({name, folder.file(std::string(name) + ".ppd", generatedPPD(size)), true});
   }
   return samples;
 }
@@ -182,37 +146,23 @@ std::vector<Comparison> registerComparisons(const std::vector<Sample>& samples) 
   return comparisons;
 }
 
-int run(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-
-  std::string folder = "/tmp/publishing-bench.XXXXXX";
-  if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("cannot make " + folder);
+bool run(int argc, char** argv) {
+  const TemporaryFolder folder;
   const std::vector<Sample> samples = samplesIn(folder);
-  const std::vector<Comparison> comparisons = registerComparisons(samples);
-
-  MedianReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  bool met = printRatios(comparisons, reporter);
-  for (const auto& [name, path, large] : samples) {
+  bool met = measureAndCompare(argc, argv, registerComparisons(samples));
+  for (const auto& [name, path, large] : samples)
     met = printMemory(name, path) && met;
-    if (large) std::remove(path.c_str());
-  }
-  rmdir(folder.c_str());
-  return met ? 0 : 1;
+  return met;
 }
 
 }  // namespace
 }  // namespace publishing::bench
 
 int main(int argc, char** argv) {
-  // Medians of interleaved repetitions: a busy moment of the machine hits ours and peers alike.
-  std::vector<char*> arguments(argv, argv + argc);
-  std::string repetitions = "--benchmark_repetitions=9";
-  std::string interleaving = "--benchmark_enable_random_interleaving=true";
-  std::string aggregates = "--benchmark_report_aggregates_only=true";
-  std::string minimum = "--benchmark_min_time=0.02";
-  arguments.insert(arguments.begin() + 1,
-                   {repetitions.data(), interleaving.data(), aggregates.data(), minimum.data()});
-  return publishing::bench::run(static_cast<int>(arguments.size()), arguments.data());
+  try {
+    return publishing::bench::run(argc, argv) ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "publishing-bench: %s\n", error.what());
+    return 2;
+  }
 }
