@@ -13,6 +13,7 @@
 #include "programs/GtkSettingsFile.h"
 #include "programs/GtkSettingsPlaces.h"
 #include "shells/PanelDump.h"
+#include "shells/gtk/HostRules.h"
 
 namespace publishing {
 namespace {
@@ -39,9 +40,10 @@ struct State {
 
 State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
   State state = {printBackends(places, !options.system), printBackendLibrary(), {}};
-  const char* wish = std::getenv(kSwitch);
-  const std::string word = wish != nullptr ? wish : "";
-  if (word == "0" || word == "off") state.switchedOffBy = kSwitch;
+  const HostRules rules = HostRules::load();
+  if (!rules.extension) {
+    state.switchedOffBy = std::getenv(kSwitch) != nullptr ? kSwitch : shown(rules.file);
+  }
   return state;
 }
 

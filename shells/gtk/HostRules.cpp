@@ -16,13 +16,18 @@ struct FreeKeyFile {
 };
 using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
 
-KeyFile readFile() {
+bool readFile(GKeyFile* file, const gchar* folder, HostRules& rules) {
+  const GCharPtr path(g_build_filename(folder, kFile, nullptr));
+  if (g_key_file_load_from_file(file, path.get(), G_KEY_FILE_NONE, nullptr) == 0) return false;
+  rules.file = path.get();
+  return true;
+}
+
+KeyFile readFiles(HostRules& rules) {
   KeyFile file(g_key_file_new());
-  const GCharPtr own(g_build_filename(g_get_user_config_dir(), kFile, nullptr));
-  if (g_key_file_load_from_file(file.get(), own.get(), G_KEY_FILE_NONE, nullptr) != 0) return file;
+  if (readFile(file.get(), g_get_user_config_dir(), rules)) return file;
   for (const gchar* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder) {
-    const GCharPtr path(g_build_filename(*folder, kFile, nullptr));
-    if (g_key_file_load_from_file(file.get(), path.get(), G_KEY_FILE_NONE, nullptr) != 0) break;
+    if (readFile(file.get(), *folder, rules)) break;
   }
   return file;
 }
@@ -54,7 +59,7 @@ void readSeconds(GKeyFile* file, HostRules& rules) {
 
 HostRules HostRules::load() {
   HostRules rules;
-  const KeyFile file = readFile();
+  const KeyFile file = readFiles(rules);
   readSwitch(file.get(), "Extension", "PUBLISHING_EXTENSION", rules.extension);
   readSwitch(file.get(), "ShowHiddenPanels", "PUBLISHING_SHOW_HIDDEN_PANELS",
              rules.showHiddenPanels);

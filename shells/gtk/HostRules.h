@@ -23,6 +23,9 @@ struct HostRules {
   // The folder of the help book: $PUBLISHING_DATA_DIR, else where the program was installed to.
   std::string dataFolder;
 
+  // The file that was read; empty when there is none.
+  std::string file;
+
   // A value that makes no sense is reported in the log and left at its default.
   static HostRules load();
 };

@@ -104,6 +104,14 @@ TEST_F(PublishingExtension, StatusTellsWhatIsMissing) {
   const Outcome without = run({"status"}, {{"GTK_PATH", "/nowhere"}});
   EXPECT_THAT(without.errors, HasSubstr("GTK does not find libprintbackend-publishing.so"));
   EXPECT_THAT(without.output, Not(HasSubstr("library:")));
+  std::filesystem::create_directories(folder_ / "user/publishing/dialog");
+  const std::string rules =
+      folder_.file("user/publishing/dialog/rules.ini", "[Dialog]\nExtension=false\n");
+  EXPECT_EQ(run({"status"}, {{"PUBLISHING_EXTENSION", "1"}}).errors, "");
+  const Outcome ruled = runProgram({"/usr/bin/env", "-u", "PUBLISHING_EXTENSION",
+                                    PUBLISHING_PROGRAM, "extension", "status", "--json"},
+                                   {{"XDG_CONFIG_HOME", folder_ / "user"}});
+  EXPECT_EQ(json::parse(ruled.output)["switchedOffBy"], rules);
   for (const char* off : {"0", "off"}) {
     EXPECT_EQ(run({"status"}, {{"PUBLISHING_EXTENSION", off}}).errors,
               "publishing: PUBLISHING_EXTENSION switches the panel off all the same.\n");
