@@ -26,8 +26,8 @@ std::string dialogProgram() {
   const std::string program = dialogProgram();
   execlp(program.c_str(), "publishing-dialog", document.c_str(), nullptr);
   throw PrintError(PrintError::Kind::Trouble,
-                   translated("The print dialog cannot be started (%s). Install publishing-dialog, "
-                              "or use: publishing print %s",
+                   translated("The print dialog cannot be started (%s). Install "
+                              "publishing-print-dialog, or use: publishing print %s",
                               std::strerror(errno), shown(document)));
 }
 

@@ -1,0 +1,89 @@
+# Debian packages (preset packages). What goes where is said by the components of the install rules:
+#
+#   program        publishing                the command line, completion, translations
+#   dialog         publishing-print-dialog   the extension, publishing-dialog, help, desktop files
+#   documentation  publishing-doc            the documents of docs/
+set(PUBLISHING_MAINTAINER "The Publishing authors <publishing@zephrel.com>"
+    CACHE STRING "Maintainer of the packages")
+set(debian "${PROJECT_SOURCE_DIR}/packaging/debian")
+
+# The version of the packages is the changelog's.
+file(STRINGS "${debian}/changelog" heading LIMIT_COUNT 1)
+if(NOT heading MATCHES "^publishing \\(([0-9.]+)-([0-9]+)\\)" OR
+   NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "packaging/debian/changelog has no entry for version ${PROJECT_VERSION}")
+endif()
+set(CPACK_DEBIAN_PACKAGE_RELEASE "${CMAKE_MATCH_2}")
+
+# What Debian's policy asks of each package.
+foreach(file IN ITEMS "${debian}/changelog=changelog.Debian" "${PROJECT_SOURCE_DIR}/CHANGELOG.md=changelog")
+  string(REPLACE "=" ";" file "${file}")
+  list(GET file 0 source)
+  list(GET file 1 name)
+  add_custom_command(OUTPUT "${name}.gz"
+    COMMAND sh -c "gzip -9n <\"$1\" >\"$2\"" sh "${source}" "${name}.gz"
+    DEPENDS "${source}" VERBATIM)
+endforeach()
+add_custom_target(package-changelogs ALL DEPENDS changelog.Debian.gz changelog.gz)
+foreach(component program=publishing dialog=publishing-print-dialog documentation=publishing-doc)
+  string(REPLACE "=" ";" component "${component}")
+  list(GET component 1 package)
+  list(GET component 0 component)
+  install(FILES "${debian}/copyright" "${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian.gz"
+                "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz"
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
+  string(TOUPPER ${component} component)
+  set(CPACK_DEBIAN_${component}_PACKAGE_NAME ${package})
+  set(CPACK_DEBIAN_${component}_PACKAGE_SECTION utils)
+endforeach()
+
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}/packages")
+set(CPACK_COMPONENTS_ALL program dialog documentation)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${PUBLISHING_MAINTAINER}")
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/CompressManualPages.cmake")
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CMAKE_INSTALL_SO_NO_EXE ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each component has its own
+
+set(same "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "cups, cups-filters")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "publishing-print-dialog ${same}, publishing-doc")
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
+"covers and inserted sheets on Zephrel printers: command line
+Prints documents with a front cover, or a front and a back cover, on paper of
+their own, and with sheets of another paper inserted between their pages, on
+PostScript printers of the Zephrel family.
+
+This package has the command line, which needs no display.")
+
+set(CPACK_DEBIAN_DIALOG_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_DIALOG_PACKAGE_DEPENDS "publishing ${same}")
+set(CPACK_DEBIAN_DIALOG_PACKAGE_RECOMMENDS "cups")
+set(CPACK_DEBIAN_DIALOG_PACKAGE_CONTROL_EXTRA "${debian}/postinst;${debian}/prerm")
+set(CPACK_DEBIAN_DIALOG_DESCRIPTION
+"covers and inserted sheets on Zephrel printers: print dialog
+Prints documents with a front cover, or a front and a back cover, on paper of
+their own, and with sheets of another paper inserted between their pages, on
+PostScript printers of the Zephrel family.
+
+This package gives the print dialogs of all GTK 3 programs a tab for that, once
+it is switched on by \"publishing extension enable --system\". It also has a
+program that opens such a dialog for a document.")
+
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION
+"covers and inserted sheets on Zephrel printers: documentation
+Documents for administrators and developers: how the print dialog's extension
+gets into programs, what is trusted and what is not, how bad input is met, and
+how it is made.")
+include(CPack)
