@@ -45,7 +45,7 @@ bool readAlike(const PageListParser& panel, const std::vector<PageListParser>& p
 void registerParser(const PageListParser& parser, const Sample& sample) {
   benchmark::RegisterBenchmark((parser.name + "/" + sample.name).c_str(),
                                [parse = parser.readied(sample.list)](benchmark::State& state) {
-                                 for (auto iteration : state)
+                                 for ([[maybe_unused]] auto iteration : state)
                                    parse();
                                });
 }

@@ -25,7 +25,7 @@ constexpr double kTraysFaster = 100;
 constexpr double kBytesAKeywordByte = 2;
 
 void openFile(benchmark::State& state, const std::string& path) {
-  for (auto iteration : state) {
+  for ([[maybe_unused]] auto iteration : state) {
     const double begin = computedSeconds();
     const OpenedPPD ppd(ppdOpenFile(path.c_str()));
     state.SetIterationTime(computedSeconds() - begin);
@@ -34,7 +34,7 @@ void openFile(benchmark::State& state, const std::string& path) {
 
 void loadModel(benchmark::State& state, const std::string& path) {
   const OpenedPPD ppd = openPPD(path);
-  for (auto iteration : state) {
+  for ([[maybe_unused]] auto iteration : state) {
     PPDInfo info;
     load(info, ppd.get());
     benchmark::DoNotOptimize(info);
@@ -43,7 +43,7 @@ void loadModel(benchmark::State& state, const std::string& path) {
 
 // The load right after the PPD was opened, before the processor has its data at hand.
 void loadFirstModel(benchmark::State& state, const std::string& path) {
-  for (auto iteration : state) {
+  for ([[maybe_unused]] auto iteration : state) {
     const OpenedPPD ppd = openPPD(path);
     const double begin = computedSeconds();
     PPDInfo info;
@@ -57,7 +57,7 @@ void askAllTrays(benchmark::State& state, const std::string& path) {
   const std::vector<std::string> trays = traysOf(ppd.get());
   PPDInfo info;
   load(info, ppd.get());
-  for (auto iteration : state) {
+  for ([[maybe_unused]] auto iteration : state) {
     for (const std::string& tray : trays)
       benchmark::DoNotOptimize(info.willAllowChangeOfOption(kInputSlot, tray));
   }
@@ -66,7 +66,7 @@ void askAllTrays(benchmark::State& state, const std::string& path) {
 void getConflictsOfAllTrays(benchmark::State& state, const std::string& path) {
   const OpenedPPD ppd = openPPD(path);
   const std::vector<std::string> trays = traysOf(ppd.get());
-  for (auto iteration : state) {
+  for ([[maybe_unused]] auto iteration : state) {
     for (const std::string& tray : trays) {
       cups_option_t* options = nullptr;
       const int count = cupsGetConflicts(ppd.get(), kInputSlot, tray.c_str(), &options);

@@ -2,11 +2,9 @@
 
 #include <gtk/gtk.h>
 
-namespace publishing {
-
 // The extension that gives print dialogs the panel, for a program that wants it whether or not the
 // desktop's settings say so. GTK loads it, as it does in any other program.
-namespace DialogExtension {
+namespace publishing::DialogExtension {
 
 // Tells GTK where the extension is that was installed, or built, with this program. To be called
 // before gtk_init. Throws PrintError when the extension is missing.
@@ -15,5 +13,4 @@ void makeFindable();
 // Adds the extension to the setting that names what print dialogs load.
 void enable(GtkSettings* settings);
 
-}  // namespace DialogExtension
-}  // namespace publishing
+}  // namespace publishing::DialogExtension

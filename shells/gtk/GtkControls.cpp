@@ -70,7 +70,8 @@ void GtkRadioMatrix::deselectAllCells() {
   if (allowsEmptySelection_) activate(noCell_.get());
 }
 
-void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal, Action action) {
+void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal,
+                               const Action& action) {
   for (const auto& cell : cells_) {
     if (cell->button.get() != GTK_TOGGLE_BUTTON(button)) continue;
     cell->action = action;

@@ -78,7 +78,7 @@ class GtkRadioMatrix final : public GtkControl<RadioMatrix> {
 
   // Sends the action at the cell's signal when the cell is the selected one. A click on the cell
   // that is selected already must reach the panel too, so the signal should be "clicked".
-  void setAction(GtkRadioButton* cell, const char* signal, Action action);
+  void setAction(GtkRadioButton* cell, const char* signal, const Action& action);
 
  private:
   struct Cell {

@@ -54,8 +54,7 @@ void showReasons(GtkInterface& interface, const PublishingPDE& panel, const Prin
                  const JobTicket& job) {
   const std::string against = reasonAgainstFeatures(job);
   const auto needs = [&against](bool featureOn, const char* feature, const char* otherwise) {
-    if (!against.empty()) return against;
-    return translated(featureOn ? otherwise : feature);
+    return !against.empty() ? against : translated(featureOn ? otherwise : feature);
   };
   const bool covers = panel.state().covermodeEnableState == 1;
   const bool sheets = panel.state().pageinsertEnableState == 1;

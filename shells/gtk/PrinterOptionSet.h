@@ -35,7 +35,7 @@ class PrinterOptionSet {
   [[nodiscard]] std::optional<std::string> value(const std::string& name) const;
 
   // Changes an option that is there; false when there is none.
-  bool set(const std::string& name, const std::string& value) const;
+  [[nodiscard]] bool set(const std::string& name, const std::string& value) const;
 
   // Stores a value, in a new option that no tab shows when there is none of that name yet.
   void store(const std::string& name, const std::string& value) const;

@@ -61,7 +61,7 @@ class PanelScript {
 
   // `name` itself; throws when the panel has no outlet of this kind and name.
   template <class ControlType>
-  const std::string& known(const std::string& name) const;
+  [[nodiscard]] const std::string& known(const std::string& name) const;
 
   std::ostream& output_;
   std::unique_ptr<PanelStage> stage_;

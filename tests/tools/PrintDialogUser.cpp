@@ -162,7 +162,9 @@ void PrintDialogUser::type(const char* text) {
 }
 
 void PrintDialogUser::setDialogOption(const char* name, const char* choice) {
-  PrinterOptionSet::newest().set(name, choice);
+  if (!PrinterOptionSet::newest().set(name, choice)) {
+    throw std::runtime_error(std::string("the dialog has no option ") + name);
+  }
   GtkStage::settle();
 }
 
