@@ -20,9 +20,11 @@ DialogPage::DialogPage(const std::string& name, std::function<void()> help)
     : content_(shareGObject(gtk_stack_new())),
       label_(shareGObject(gtk_label_new(displayText(name).c_str()))),
       help_(std::move(help)) {
-  addMessage();
-  addPanel();
-  gtk_widget_show_all(content());
+  const auto mapped = [](GtkWidget*, gpointer self) {
+    guarded([&] { static_cast<DialogPage*>(self)->drawMessage(); });
+  };
+  handlers_.connect(content(), "map", G_CALLBACK(+mapped), this);
+  gtk_widget_show(content());
   gtk_widget_show(label());
 }
 
@@ -39,6 +41,7 @@ void DialogPage::addMessage() {
   gtk_label_set_selectable(GTK_LABEL(message_), TRUE);
   gtk_container_add(GTK_CONTAINER(box), spinner_);
   gtk_container_add(GTK_CONTAINER(box), message_);
+  gtk_widget_show_all(box);
   gtk_stack_add_named(GTK_STACK(content()), box, kMessage);
 }
 
@@ -59,6 +62,7 @@ void DialogPage::addPanel() {
   gtk_container_add(GTK_CONTAINER(foot), summary_);
   gtk_container_add(GTK_CONTAINER(foot), help);
   gtk_box_pack_end(GTK_BOX(panelBox_), foot, FALSE, FALSE, 0);
+  gtk_widget_show_all(panelBox_);
   gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
 }
 
@@ -69,23 +73,34 @@ void DialogPage::removePanel() {
 
 void DialogPage::showMessage(const std::string& text, bool waiting) {
   removePanel();
-  const std::string shownText = displayText(text);
-  gtk_label_set_text(GTK_LABEL(message_), shownText.c_str());
-  gtk_widget_set_visible(spinner_, waiting);
-  g_object_set(spinner_, "active", waiting, nullptr);
+  text_ = displayText(text);
+  isWaiting_ = waiting;
   gtk_widget_set_sensitive(label(), FALSE);
-  gtk_widget_set_tooltip_text(label(), shownText.c_str());
+  gtk_widget_set_tooltip_text(label(), text_.c_str());
+  if (isInFront()) drawMessage();
+}
+
+void DialogPage::drawMessage() {
+  if (panel_ != nullptr) return;
+  if (message_ == nullptr) addMessage();
+  gtk_label_set_text(GTK_LABEL(message_), text_.c_str());
+  gtk_widget_set_visible(spinner_, isWaiting_);
+  g_object_set(spinner_, "active", isWaiting_, nullptr);
   gtk_stack_set_visible_child_name(GTK_STACK(content()), kMessage);
 }
 
-void DialogPage::showPanel(GtkWidget* view, const std::string& name) {
-  removePanel();
+void DialogPage::offerPanel(const std::string& name) {
   gtk_label_set_text(GTK_LABEL(label()), displayText(name).c_str());
-  panel_ = view;
-  gtk_box_pack_start(GTK_BOX(panelBox_), view, TRUE, TRUE, 0);
-  g_object_set(spinner_, "active", FALSE, nullptr);
   gtk_widget_set_sensitive(label(), TRUE);
   gtk_widget_set_tooltip_text(label(), nullptr);
+}
+
+void DialogPage::showPanel(GtkWidget* view) {
+  removePanel();
+  if (panelBox_ == nullptr) addPanel();
+  panel_ = view;
+  gtk_box_pack_start(GTK_BOX(panelBox_), view, TRUE, TRUE, 0);
+  if (spinner_ != nullptr) g_object_set(spinner_, "active", FALSE, nullptr);
   gtk_stack_set_visible_child_name(GTK_STACK(content()), kPanel);
 }
 

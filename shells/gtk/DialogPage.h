@@ -10,7 +10,8 @@
 namespace publishing {
 
 // The panel's tab in a print dialog: either the panel, with its summary and the Help button below,
-// or a message that says why there is no panel.
+// or a message that says why there is no panel. Nothing in it is made or changed while nobody looks
+// at it, because each change would have the whole dialog laid out anew.
 class DialogPage {
  public:
   // `name` is the tab's text until there is a panel, `help` is called for the Help button.
@@ -24,19 +25,29 @@ class DialogPage {
   // The tab's label is greyed and has the text as its tooltip.
   void showMessage(const std::string& text, bool waiting);
 
-  // Shows the panel's view in a tab of that name.
-  void showPanel(GtkWidget* view, const std::string& name);
+  // Says in the tab's label that the panel can be shown, under that name.
+  void offerPanel(const std::string& name);
 
+  // Shows the panel's view. The panel must have been offered.
+  void showPanel(GtkWidget* view);
+
+  // Whether the user looks at the tab.
+  [[nodiscard]] bool isInFront() const { return gtk_widget_get_mapped(content()) != 0; }
+
+  // Only while the panel is shown.
   void setSummary(const std::string& text);
 
  private:
   void removePanel();
+  void drawMessage();
   void addMessage();
   void addPanel();
 
   GObjectPtr<GtkWidget> content_;
   GObjectPtr<GtkWidget> label_;
-  GtkWidget* spinner_ = nullptr;
+  std::string text_;  // of the message
+  bool isWaiting_ = false;
+  GtkWidget* spinner_ = nullptr;  // this and the next ones null until they are needed
   GtkWidget* message_ = nullptr;
   GtkWidget* panelBox_ = nullptr;
   GtkWidget* panel_ = nullptr;  // null while a message is shown

@@ -1,5 +1,7 @@
 #include "shells/gtk/HostedPanel.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "Publishing/PublishingKeys.h"
@@ -15,8 +17,8 @@ const HostedPanel::Feature HostedPanel::kFeatures[2] = {
     {cCoverMediaType, "CmCheckBox", "CmMediaType", &PublishingPDE::changeCmEnableState},
     {cPageMediaType, "PiCheckBox", "PiMediaType", &PublishingPDE::changePiEnableState}};
 
-HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const std::string& dataFolder,
-                         std::function<void()> changed)
+HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
+                         const std::string& dataFolder, std::function<void()> changed)
     : printer_(std::move(printer)),
       ticket_(printer_->newTicket()),
       bundle_(std::make_shared<GtkBundle>(dataFolder)),
@@ -24,6 +26,31 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const std::string& da
       changed_(std::move(changed)) {
   plugin_.initWithBundle(bundle_);
   panel_ = plugin_.PDEPanelsForType(kPrinterModulePanelType, host_)->front();
+  for (const Feature& feature : kFeatures) {
+    const auto chosen = job.options.find(feature.option);
+    if (chosen != job.options.end()) dialogMedia_[feature.option] = chosen->second;
+  }
+  loadStored();
+}
+
+void HostedPanel::loadStored() {
+  const StoredSettings::Loaded stored = StoredSettings().load(printer_->name());
+  for (const std::string& warning : stored.warnings)
+    g_message("%s", warning.c_str());
+  for (const auto& [key, value] : stored.values)
+    ticket_.setValue(key, value);
+}
+
+bool HostedPanel::matters(const DialogJob& job) const {
+  if (ticket_.getValue(kCoverModeState) == "On" || ticket_.getValue(kPageinsertState) == "On") {
+    return true;
+  }
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const Feature& feature) {
+    const auto now = job.options.find(feature.option);
+    const auto before = dialogMedia_.find(feature.option);
+    return now != job.options.end() &&
+           (before == dialogMedia_.end() || before->second != now->second);
+  });
 }
 
 bool HostedPanel::suits(const Printer& printer) {
@@ -32,21 +59,17 @@ bool HostedPanel::suits(const Printer& printer) {
 }
 
 GtkWidget* HostedPanel::open(const DialogJob& job) {
-  const StoredSettings::Loaded stored = StoredSettings().load(printer_->name());
-  for (const std::string& warning : stored.warnings)
-    g_message("%s", warning.c_str());
-  for (const auto& [key, value] : stored.values)
-    ticket_.setValue(key, value);
-  takeJob(job);
+  isOpen_ = true;
+  // Media that the user chose meanwhile are for takeMedia().
+  DialogJob untouched = job;
+  for (const auto& [option, choice] : dialogMedia_)
+    untouched.options[option] = choice;
+  takeJob(untouched);
   const auto* view = dynamic_cast<GtkView*>(panel_->panelView());
   if (view == nullptr) return nullptr;
   panel_->restoreValuesAndReturnError();
   panel_->willShow();
   dropStoredIndexes();
-  for (const Feature& feature : kFeatures) {
-    const auto chosen = job.options.find(feature.option);
-    if (chosen != job.options.end()) dialogMedia_[feature.option] = chosen->second;
-  }
   watchControls();
   return view->widget();
 }

@@ -21,9 +21,10 @@ namespace publishing {
 // printer gets another one.
 class HostedPanel {
  public:
-  // `dataFolder` holds the help book; `changed` is called after the user switched a feature or the
-  // kind of cover, or picked a medium.
-  HostedPanel(std::unique_ptr<Printer> printer, const std::string& dataFolder,
+  // `job` is what the dialog says of a job that the user has not touched yet, `dataFolder` holds
+  // the help book; `changed` is called after the user switched a feature or the kind of cover, or
+  // picked a medium.
+  HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job, const std::string& dataFolder,
               std::function<void()> changed);
   HostedPanel(const HostedPanel&) = delete;
   HostedPanel& operator=(const HostedPanel&) = delete;
@@ -34,9 +35,16 @@ class HostedPanel {
   // The panel's name for the user.
   [[nodiscard]] const std::string& name() { return panel_->panelName(); }
 
-  // The panel's view, in which the stored settings of the queue are shown; null when there is no
-  // view. To be called once, first.
+  // Whether the queue's stored settings or a medium that the user chose in the dialog's own tabs
+  // make a difference to the job already. `job` is what the dialog says now.
+  [[nodiscard]] bool matters(const DialogJob& job) const;
+
+  // Makes the panel's view, in which the stored settings of the queue are shown, and gives it; null
+  // when there is none. To be called once, before all that follows. Making it takes a few
+  // milliseconds, which a dialog whose user never looks at the tab need not spend.
   GtkWidget* open(const DialogJob& job);
+
+  [[nodiscard]] bool isOpen() const { return isOpen_; }
 
   // Takes over what the dialog's own tabs say, and shows the panel with it.
   void follow(const DialogJob& job);
@@ -83,6 +91,7 @@ class HostedPanel {
   };
   static const Feature kFeatures[2];
 
+  void loadStored();
   void takeJob(const DialogJob& job);
   void watchControls();
   void dropStoredIndexes();
@@ -99,6 +108,7 @@ class HostedPanel {
   std::shared_ptr<PublishingPDE> panel_;
   std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
   std::map<std::string, bool> wasOn_;               // by PPD option
+  bool isOpen_ = false;
   std::function<void()> changed_;
   SignalHandlers handlers_;
 };

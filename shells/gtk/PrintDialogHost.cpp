@@ -162,21 +162,28 @@ void PrintDialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::s
   }
   for (const std::string& warning : printer->warnings())
     g_message("%s", warning.c_str());
-  auto panel = std::make_unique<HostedPanel>(std::move(printer), rules_.dataFolder,
-                                             [this] { guarded([this] { panelChanged(); }); });
-  GtkWidget* view = panel->open(DialogJob::of(dialog_));
-  if (view == nullptr) {
-    showMessage(translated("The panel cannot be shown; it was not installed completely."));
-    return;
-  }
-  panel_ = std::move(panel);
-  page_.showPanel(view, panel_->name());
+  const DialogJob job = DialogJob::of(dialog_);
+  panel_ = std::make_unique<HostedPanel>(std::move(printer), job, rules_.dataFolder,
+                                         [this] { guarded([this] { panelChanged(); }); });
+  page_.offerPanel(panel_->name());
   const auto soon = [](GObject*, gpointer host) {
     static_cast<PrintDialogHost*>(host)->refreshSoon();
   };
   if (options_) optionHandlers_.connect(options_.object(), "changed", G_CALLBACK(+soon), this);
+  if (page_.isInFront() || panel_->matters(job)) openPanel();
+}
+
+bool PrintDialogHost::openPanel() {
+  if (panel_->isOpen()) return true;
+  GtkWidget* view = panel_->open(DialogJob::of(dialog_));
+  if (view == nullptr) {
+    showMessage(translated("The panel cannot be shown; it was not installed completely."));
+    return false;
+  }
+  page_.showPanel(view);
   giveStoredMedia();
   panelChanged();
+  return true;
 }
 
 void PrintDialogHost::refreshSoon() {
@@ -193,6 +200,8 @@ void PrintDialogHost::refreshSoon() {
 void PrintDialogHost::refresh() {
   if (panel_ == nullptr) return;
   const DialogJob job = DialogJob::of(dialog_);
+  const bool isNeeded = page_.isInFront() || panel_->matters(job);
+  if (!panel_->isOpen() && (!isNeeded || !openPanel())) return;
   panel_->follow(job);
   panel_->takeMedia(job);
   panelChanged();
@@ -242,6 +251,7 @@ bool PrintDialogHost::mayPrint() {
   // The alerts below run a main loop of their own, in which the program may destroy the dialog.
   const auto dialog = shareGObject(dialog_);
   const auto isGone = [&dialog, this] { return of(dialog.get()) != this; };
+  if (!openPanel()) return true;
   refresh();
   const auto settings = panel_->save();
   if (isGone()) return false;

@@ -30,7 +30,7 @@ class PrintDialogHost {
   // The dialog's host; null when it has none.
   static PrintDialogHost* of(GtkPrintUnixDialog* dialog);
 
-  // Whether the panel stands in its tab, in place of a message that says why it does not.
+  // Whether the tab has the panel, in place of a message that says why it does not.
   [[nodiscard]] bool hasPanel() const { return panel_ != nullptr; }
 
   PrintDialogHost(const PrintDialogHost&) = delete;
@@ -44,6 +44,8 @@ class PrintDialogHost {
   void connect();
   void followPrinter();
   void showPrinter(std::unique_ptr<Printer> printer, const std::string& problem);
+  // Makes the panel's view if there is none yet; false when there cannot be one.
+  bool openPanel();
   void showMessage(const std::string& text, bool waiting = false);
 
   // Brings the panel and the dialog's own tabs in step, the user's last choice winning.
@@ -59,8 +61,6 @@ class PrintDialogHost {
   bool mayPrint();
   void handOver(const JobTicket::Options& settings) const;
   void bringToFront();
-
-  [[nodiscard]] bool isInFront() const { return gtk_widget_get_mapped(page_.content()) != 0; }
 
   GtkPrintUnixDialog* dialog_;
   HostRules rules_;

@@ -264,7 +264,7 @@ def replaced_meanwhile(desk):
     names = ("libprintbackend-publishing.so", "libpublishing-panel.so")
     folder = desk.copy_libraries(*names)
     program = desk.start("print-dialog", "--times", "2", desk.document)
-    program.window("Stranger 1").find("check box", "Add covers to the document")
+    program.window("Stranger 1").find("page tab", TAB)
     for name in names:
         desk.write("new", "another version")
         os.replace(os.path.join(desk.folder, "new"), os.path.join(folder, name))
@@ -275,7 +275,7 @@ def two_at_once(desk):
     program = desk.start("print-dialog", "--at-once", "2", desk.document)
     first, second = program.window("Stranger 1"), program.window("Stranger 2")
     choose(first, "5,8,12-14")
-    second.find("check box", TICKS[0])
+    second.open_tab(TAB)
     check(not second.is_checked("check box", TICKS[0]), "one dialog's covers are in the other one")
     second.act("push button", "Print")
     check("VtCoverModeState=Off" in desk.server.options(desk.server.job(1)), "covers in job 1")

@@ -67,6 +67,21 @@ void PrintDialogUser::waitUntil(const char* what, const std::function<bool()>& c
 }
 
 void PrintDialogUser::choosePrinter(const std::string& name) {
+  const std::string front = frontTab();
+  selectPrinter(name);
+  openTab(kTabName);
+  waitUntil("the panel or the reason", [&] { return hasPanel() || !shows("Asking the printer"); });
+  GtkStage::settle();
+  openTab(front);
+}
+
+void PrintDialogUser::choosePrinterOnly(const std::string& name) {
+  selectPrinter(name);
+  waitUntil("the panel's tab", [&] { return gtk_widget_get_sensitive(tabLabel()) != 0; });
+  GtkStage::settle();
+}
+
+void PrintDialogUser::selectPrinter(const std::string& name) {
   auto* list = GTK_TREE_VIEW(templateChild(dialog(), "printer_treeview"));
   const auto select = [&] {
     GtkTreeModel* model = gtk_tree_view_get_model(list);
@@ -88,8 +103,6 @@ void PrintDialogUser::choosePrinter(const std::string& name) {
         gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()));
     return printer != nullptr && name == gtk_printer_get_name(printer);
   });
-  waitUntil("the panel or the reason", [&] { return hasPanel() || !shows("Asking the printer"); });
-  GtkStage::settle();
 }
 
 GtkNotebook* PrintDialogUser::tabs() const {

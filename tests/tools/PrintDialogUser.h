@@ -21,8 +21,11 @@ class PrintDialogUser {
   PrintDialogUser& operator=(const PrintDialogUser&) = delete;
   ~PrintDialogUser();
 
-  // Chooses a printer in the list and waits until the tab says what there is.
+  // Chooses a printer in the list, then looks at the panel's tab until it says what there is.
   void choosePrinter(const std::string& name);
+
+  // The same without a look at the tab; waits until its label is no longer greyed.
+  void choosePrinterOnly(const std::string& name);
 
   // Brings one of the dialog's tabs to the front.
   void openTab(const std::string& label);
@@ -80,6 +83,7 @@ class PrintDialogUser {
   static void waitUntil(const char* what, const std::function<bool()>& condition);
 
  private:
+  void selectPrinter(const std::string& name);
   [[nodiscard]] GtkWidget* find(const char* id) const;
   [[nodiscard]] GtkNotebook* tabs() const;
   [[nodiscard]] GtkWidget* page() const;

@@ -103,6 +103,38 @@ TEST_F(PrintDialogHostTest, JobOfAPanelThatIsOffSaysSo) {
   EXPECT_EQ(user.setting("cups-CoverMediaType"), "PrnDef");
 }
 
+TEST_F(PrintDialogHostTest, NothingIsMadeForAUserWhoNeverLooks) {
+  PrintDialogUser user;
+  user.choosePrinterOnly("Office");
+  EXPECT_FALSE(user.hasPanel());
+  ASSERT_TRUE(user.print());
+  EXPECT_EQ(user.setting("cups-VtCoverModeState"), "Off");
+}
+
+TEST_F(PrintDialogHostTest, StoredFeaturesCountForAUserWhoNeverLooks) {
+  {
+    PrintDialogUser user;
+    user.choosePrinter("Office");
+    user.click("CmCheckBox");
+    user.pick("CmMediaType", 3);
+    ASSERT_TRUE(user.print());
+  }
+  PrintDialogUser user;
+  user.choosePrinterOnly("Office");
+  EXPECT_EQ(user.setting("cups-CoverMediaType"), "Thick");
+  ASSERT_TRUE(user.print());
+  EXPECT_EQ(user.setting("cups-VtCoverModeState"), "On");
+}
+
+TEST_F(PrintDialogHostTest, MediumPickedInTheDialogsOwnTabsCountsForAUserWhoNeverLooks) {
+  PrintDialogUser user;
+  user.choosePrinterOnly("Office");
+  user.setDialogOption("cups-CoverMediaType", "Leather");
+  ASSERT_TRUE(user.print());
+  EXPECT_EQ(user.setting("cups-VtCoverModeState"), "On");
+  EXPECT_EQ(user.setting("cups-CoverMediaType"), "Leather");
+}
+
 TEST_F(PrintDialogHostTest, BadPageListKeepsTheDialogOpen) {
   PrintDialogUser user;
   user.choosePrinter("Office");
@@ -320,6 +352,7 @@ TEST_F(PrintDialogHostTest, DialogsDoNotDisturbEachOther) {
 TEST_F(PrintDialogHostTest, DialogCanGoWhileThePrinterIsAsked) {
   {
     PrintDialogUser user;
+    user.openTab("Publishing");
     PrintDialogUser::waitUntil("a printer", [&] { return user.shows("Asking the printer"); });
   }
   PrintDialogUser user;
