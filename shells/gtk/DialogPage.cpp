@@ -72,11 +72,15 @@ void DialogPage::removePanel() {
 }
 
 void DialogPage::showMessage(const std::string& text, bool waiting) {
+  showForNow(text, waiting);
+  gtk_widget_set_sensitive(label(), FALSE);
+  gtk_widget_set_tooltip_text(label(), text_.c_str());
+}
+
+void DialogPage::showForNow(const std::string& text, bool waiting) {
   removePanel();
   text_ = displayText(text);
   isWaiting_ = waiting;
-  gtk_widget_set_sensitive(label(), FALSE);
-  gtk_widget_set_tooltip_text(label(), text_.c_str());
   if (isInFront()) drawMessage();
 }
 
@@ -90,7 +94,10 @@ void DialogPage::drawMessage() {
 }
 
 void DialogPage::offerPanel(const std::string& name) {
-  gtk_label_set_text(GTK_LABEL(label()), displayText(name).c_str());
+  const std::string text = displayText(name);
+  if (text != gtk_label_get_text(GTK_LABEL(label()))) {
+    gtk_label_set_text(GTK_LABEL(label()), text.c_str());
+  }
   gtk_widget_set_sensitive(label(), TRUE);
   gtk_widget_set_tooltip_text(label(), nullptr);
 }

@@ -25,6 +25,9 @@ class DialogPage {
   // The tab's label is greyed and has the text as its tooltip.
   void showMessage(const std::string& text, bool waiting);
 
+  // The same for something that is over in a moment: the label stays as it is.
+  void showForNow(const std::string& text, bool waiting);
+
   // Says in the tab's label that the panel can be shown, under that name.
   void offerPanel(const std::string& name);
 

@@ -134,7 +134,8 @@ void PrintDialogHost::followPrinter() {
     return;
   }
   const std::string name = gtk_printer_get_name(printer);
-  showMessage(translated("Asking the printer %s about covers and inserts…", name), true);
+  page_.showForNow(translated("Asking the printer %s about covers and inserts…", name), true);
+  panel_.reset();
   fetch_ = std::make_unique<PrinterFetch>(
       name, rules_.printerSeconds,
       [this](std::unique_ptr<Printer> opened, const std::string& problem) {

@@ -92,8 +92,14 @@ class User:
         return self.find(role, name).get_state_set().contains(Atspi.StateType.CHECKED)
 
     def open_tab(self, name):
-        tab = self.find("page tab", name)
-        tab.get_parent().select_child(tab.get_index_in_parent())
+        """Brings a tab to the front, although others may come and go with the printer just now."""
+        def is_in_front():
+            tab = self.seek("page tab", name)
+            if not tab or tab.get_state_set().contains(Atspi.StateType.SELECTED):
+                return tab is not None
+            tab.get_parent().select_child(tab.get_index_in_parent())
+            return False
+        wait_for(f"the tab “{name}”", is_in_front, self.describe)
 
     def pick(self, box_label, item):
         combo = self.labelled("combo box", box_label)
