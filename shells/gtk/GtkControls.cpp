@@ -70,8 +70,7 @@ void GtkRadioMatrix::deselectAllCells() {
   if (allowsEmptySelection_) activate(noCell_.get());
 }
 
-void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal,
-                               const Action& action) {
+void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal, const Action& action) {
   for (const auto& cell : cells_) {
     if (cell->button.get() != GTK_TOGGLE_BUTTON(button)) continue;
     cell->action = action;
