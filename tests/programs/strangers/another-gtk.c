@@ -1,7 +1,6 @@
 // Loaded before GTK (LD_PRELOAD), makes it look like another one:
 //   ANOTHER_GTK_MINOR=N     its version is 3.N
 //   ANOTHER_GTK_LACKS=NAME  it has no function NAME for those who look it up
-#define _GNU_SOURCE
 #include <dlfcn.h>
 #include <gmodule.h>
 #include <stdlib.h>
