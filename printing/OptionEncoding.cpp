@@ -1,5 +1,7 @@
 #include "printing/OptionEncoding.h"
 
+#include <strings.h>
+
 #include "printing/CupsHandles.h"
 
 namespace publishing {
@@ -37,9 +39,16 @@ std::optional<std::string> textOf(ipp_attribute_t* attribute, int index) {
   }
 }
 
+// Names that every message has for itself: what it says about its texts, nothing about the job.
+bool belongsToMessage(const std::string& name) {
+  return strcasecmp(name.c_str(), "attributes-charset") == 0 ||
+         strcasecmp(name.c_str(), "attributes-natural-language") == 0;
+}
+
 }  // namespace
 
 std::optional<std::string> valueForFilters(const std::string& name, const std::string& value) {
+  if (belongsToMessage(name)) return std::nullopt;
   const IppHandle job(ippNew());
   const CupsOptions options(std::map<std::string, std::string>{{name, value}});
   cupsEncodeOptions2(job.get(), options.count(), options.get(), IPP_TAG_JOB);
