@@ -19,36 +19,24 @@ LIBEXEC = "/usr/libexec"
 # The portal asks the desktop's part of it to show the dialog. Each with its name on the session bus.
 DIALOGS = ("xdg-desktop-portal-gtk", "org.freedesktop.impl.portal.desktop.gtk")
 PORTAL = ("xdg-desktop-portal", "org.freedesktop.portal.Desktop")
-DOCUMENTS = "org.freedesktop.portal.Documents"
-
-
-def call_bus(method, arguments):
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    return bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                         method, arguments, None, Gio.DBusCallFlags.NONE, -1)
-
-
-def keep_from_starting(service):
-    """The portal starts its store of documents, which mounts a file system in the runtime folder of
-    this test. Printing has no need of it."""
-    folder = os.path.join(os.environ["XDG_RUNTIME_DIR"], "dbus-1/services")
-    os.makedirs(folder, exist_ok=True)
-    with open(os.path.join(folder, service + ".service"), "w", encoding="utf-8") as file:
-        file.write(f"[D-BUS Service]\nName={service}\nExec=/bin/false\n")
-    call_bus("ReloadConfig", None)
 
 
 def start_service(desk, program, bus_name):
     """Here and not by the bus, so that it gets the desk's settings and print server."""
     service = desk.start(os.path.join(LIBEXEC, program))
-    owner = GLib.Variant("(s)", (bus_name,))
-    wait_for(f"{program} on the session bus",
-             lambda: call_bus("NameHasOwner", owner).unpack()[0], service.messages)
+    wait_for(f"{program} on the session bus", lambda: is_on_bus(bus_name), service.messages)
     return service
 
 
+def is_on_bus(name):
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    answer = bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                           "NameHasOwner", GLib.Variant("(s)", (name,)), None,
+                           Gio.DBusCallFlags.NONE, -1)
+    return answer.unpack()[0]
+
+
 def portal(desk):
-    keep_from_starting(DOCUMENTS)
     dialogs = start_service(desk, *DIALOGS)
     front = start_service(desk, *PORTAL)
     printing = []
