@@ -1,7 +1,5 @@
 #include "printing/OptionEncoding.h"
 
-#include <strings.h>
-
 #include "printing/CupsHandles.h"
 
 namespace publishing {
@@ -39,21 +37,19 @@ std::optional<std::string> textOf(ipp_attribute_t* attribute, int index) {
   }
 }
 
-// Names that every message has for itself: what it says about its texts, nothing about the job.
-bool belongsToMessage(const std::string& name) {
-  return strcasecmp(name.c_str(), "attributes-charset") == 0 ||
-         strcasecmp(name.c_str(), "attributes-natural-language") == 0;
-}
-
 }  // namespace
 
 std::optional<std::string> valueForFilters(const std::string& name, const std::string& value) {
-  if (belongsToMessage(name)) return std::nullopt;
-  const IppHandle job(ippNew());
+  // As it is sent: libcups leaves out what this message cannot have, such as options of a document,
+  // and the message has attributes of its own.
+  const IppHandle job(ippNewRequest(IPP_OP_CREATE_JOB));
   const CupsOptions options(std::map<std::string, std::string>{{name, value}});
   cupsEncodeOptions2(job.get(), options.count(), options.get(), IPP_TAG_JOB);
   ipp_attribute_t* attribute = ippFindAttribute(job.get(), name.c_str(), IPP_TAG_ZERO);
-  if (attribute == nullptr || ippValidateAttribute(attribute) != 1) return std::nullopt;
+  if (attribute == nullptr || ippGetGroupTag(attribute) != IPP_TAG_JOB ||
+      ippValidateAttribute(attribute) != 1) {
+    return std::nullopt;
+  }
   std::string whole;
   for (int index = 0; index < ippGetCount(attribute); ++index) {
     const auto text = textOf(attribute, index);

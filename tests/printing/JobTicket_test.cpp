@@ -127,6 +127,7 @@ TEST(JobTicket, OptionsWithATypeAreSentOnlyAsCupsWritesThem) {
       {"media", "A 4", "does not reach the printer"},
       {"document-format", "application/pdf", "does not reach the printer"},
       {"raw", "1", "does not reach the printer"},
+      {"document-copies", "2", "does not reach the printer"},
       {"attributes-charset", "latin1", "does not reach the printer"},
       {"Attributes-Natural-Language", "de", "does not reach the printer"},
   };
