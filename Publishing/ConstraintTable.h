@@ -1,8 +1,7 @@
 // Which choices of different options exclude each other.
 #pragma once
 
-#include <cstdint>
-#include <limits>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,13 +25,37 @@ class ConstraintTable {
  public:
   using ChoiceId = KeywordPool::Id;
 
-  // The number of a choice, for add.
-  ChoiceId choiceId(std::string_view option, std::string_view choice);
+  enum class Directions { kOne, kBoth };
 
-  // Enters that `choice` is forbidden while `opponent` is marked.
-  void add(ChoiceId choice, ChoiceId opponent);
+  // Makes room for that many entries.
+  void reserve(std::size_t entries) { entries_.reserve(entries); }
 
-  // Takes over which choices are marked. Entries with choices that came later count as unmarked.
+  // The number of a choice, for add; a new one when it is new.
+  ChoiceId choiceId(const Keyword& option, const Keyword& choice) {
+    return choices_.add(option, choice);
+  }
+
+  // The number of a choice; KeywordPool::kNone when it is not there.
+  [[nodiscard]] ChoiceId find(const Keyword& option, const Keyword& choice) const {
+    return choices_.find(option, choice);
+  }
+
+  // Enters that `choice` is forbidden while `opponent` is marked, in both directions also that
+  // `opponent` is while `choice` is. Counts from the next setMarked on.
+  void add(ChoiceId choice, ChoiceId opponent, Directions directions) {
+    entries_.push_back({choice, opponent, directions});
+  }
+
+  // Whether the entry that came last is for these two in both directions.
+  [[nodiscard]] bool endsWith(const Keyword& option, const Keyword& choice,
+                              const Keyword& opponentOption, const Keyword& opponentChoice) const {
+    if (entries_.empty()) return false;
+    const Entry& last = entries_.back();
+    return last.directions == Directions::kBoth && choices_.holds(last.choice, option, choice) &&
+           choices_.holds(last.opponent, opponentOption, opponentChoice);
+  }
+
+  // Takes over which choices are marked.
   void setMarked(const MarkedChoices& marked);
 
   // Whether no marked choice forbids this one. True for a choice that is not there.
@@ -46,23 +69,19 @@ class ConstraintTable {
   void shrink();
 
  private:
-  static constexpr std::uint32_t kEnd = std::numeric_limits<std::uint32_t>::max();
-
   struct Entry {
+    ChoiceId choice;
     ChoiceId opponent;
-    std::uint32_t next;  // the next entry of the same choice, or kEnd
+    Directions directions;
   };
-  struct Row {
-    std::uint32_t first = kEnd;
-    std::uint32_t last = kEnd;
+  struct State {
     bool marked = false;
+    bool forbidden = false;
   };
 
-  [[nodiscard]] std::uint32_t firstEntry(std::string_view option, std::string_view choice) const;
-
-  KeywordPool choices_;    // options with their choices
-  std::vector<Row> rows_;  // by choice
+  KeywordPool choices_;  // options with their choices
   std::vector<Entry> entries_;
+  std::vector<State> states_;  // by choice, as of the last setMarked
 };
 
 }  // namespace publishing

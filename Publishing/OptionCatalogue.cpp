@@ -2,8 +2,15 @@
 
 namespace publishing {
 
+void OptionCatalogue::reserve(std::size_t options, std::size_t choices) {
+  constexpr std::size_t kUsualSize = 16;  // of a choice, in bytes
+  options_.reserve(options);
+  lists_.reserve(options);
+  text_.reserve(choices * kUsualSize);
+}
+
 void OptionCatalogue::beginOption(std::string_view option) {
-  current_ = options_.add(option);
+  current_ = options_.add(Keyword(option));
   lists_.resize(options_.size());
   const auto begin = static_cast<std::uint32_t>(text_.size());
   lists_[current_] = {begin, begin};

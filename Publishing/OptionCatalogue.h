@@ -1,6 +1,7 @@
 // Which options a PPD has and which choices each of them has.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,9 @@ namespace publishing {
 class OptionCatalogue {
  public:
   using Choices = std::vector<std::string_view>;
+
+  // Makes room for that many options and choices.
+  void reserve(std::size_t options, std::size_t choices);
 
   // Begins the option's list, anew when it has one.
   void beginOption(std::string_view option);

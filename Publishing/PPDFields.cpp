@@ -22,11 +22,30 @@ bool isUTF8(std::string_view bytes) {
   return status != U_INVALID_CHAR_FOUND;
 }
 
+template <typename Entry>
+std::span<const Entry> spanOf(const Entry* entries, int count) {
+  if (entries == nullptr || count <= 0) return {};
+  return {entries, static_cast<std::size_t>(count)};
+}
+
 }  // namespace
 
 std::span<const ppd_choice_t> choicesOf(const ppd_option_t* option) {
-  if (option == nullptr || option->choices == nullptr || option->num_choices <= 0) return {};
-  return {option->choices, static_cast<std::size_t>(option->num_choices)};
+  return option != nullptr ? spanOf(option->choices, option->num_choices)
+                           : std::span<const ppd_choice_t>();
+}
+
+std::span<const ppd_option_t> optionsOf(const ppd_group_t* group) {
+  return group != nullptr ? spanOf(group->options, group->num_options)
+                          : std::span<const ppd_option_t>();
+}
+
+std::span<const ppd_group_t> groupsOf(const ppd_file_t* ppd) {
+  return ppd != nullptr ? spanOf(ppd->groups, ppd->num_groups) : std::span<const ppd_group_t>();
+}
+
+std::span<const ppd_const_t> constraintsOf(const ppd_file_t* ppd) {
+  return ppd != nullptr ? spanOf(ppd->consts, ppd->num_consts) : std::span<const ppd_const_t>();
 }
 
 PPDEncoding encodingOfPPD(const ppd_file_t* ppd) {

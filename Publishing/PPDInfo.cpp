@@ -1,7 +1,7 @@
 #include "Publishing/PPDInfo.h"
 
 #include <algorithm>
-#include <bitset>
+#include <span>
 
 #include "Publishing/PPDFields.h"
 
@@ -10,16 +10,10 @@ namespace {
 
 constexpr const char* kMaker = "Zephrel";
 
-// The keyword in that field; nothing when it is not valid UTF-8. Reads each byte once: a large PPD
-// has thousands of keywords, short and nearly all ASCII.
+// The keyword in that field; nothing when it is not valid UTF-8.
 template <std::size_t Size>
 std::optional<std::string_view> keyword(const char (&field)[Size]) {
-  unsigned bits = 0;
-  std::size_t length = 0;
-  for (; length < Size && field[length] != '\0'; ++length)
-    bits |= static_cast<unsigned char>(field[length]);
-  const std::string_view bytes(field, length);
-  return bits < 0x80 || isValidIn(bytes, PPDEncoding::UTF8) ? std::optional(bytes) : std::nullopt;
+  return viewOfPPD(field, PPDEncoding::UTF8);
 }
 
 void addOption(const ppd_option_t& option, OptionCatalogue& options) {
@@ -29,39 +23,50 @@ void addOption(const ppd_option_t& option, OptionCatalogue& options) {
   PPDInfo::addChoicesFromOption(&option, options);
 }
 
-bool mirrored(const ppd_const_t& one, const ppd_const_t& other) {
-  return boundedView(one.choice1) == boundedView(other.choice2) &&
-         boundedView(one.choice2) == boundedView(other.choice1) &&
-         boundedView(one.option1) == boundedView(other.option2) &&
-         boundedView(one.option2) == boundedView(other.option1);
-}
-
-// A set of option keywords that all pass when it is empty. Most options of a PPD differ from those
-// wanted in the first byte already.
-class OptionFilter {
- public:
-  explicit OptionFilter(const PPDInfo::Choices& options) : all_(options.empty()) {
-    for (const std::string& option : options) {
-      options_.add(option);
-      firstBytes_.set(static_cast<unsigned char>(option.c_str()[0]));
+// Makes room for the options of these groups.
+void reserve(OptionCatalogue& options, std::span<const ppd_group_t> groups) {
+  std::size_t optionCount = 0;
+  std::size_t choiceCount = 0;
+  for (const ppd_group_t& group : groups) {
+    for (const ppd_option_t& option : optionsOf(&group)) {
+      ++optionCount;
+      choiceCount += choicesOf(&option).size();
     }
   }
+  options.reserve(optionCount, choiceCount);
+}
 
-  template <std::size_t Size>
-  [[nodiscard]] bool passes(const char (&field)[Size]) const {
-    if (!firstBytes_.test(static_cast<unsigned char>(field[0]))) return all_;
-    return options_.find(boundedView(field)) != KeywordPool::kNone;
+// Whether ppdFindOption finds each of the PPD's options under its keyword. It heeds no case, so
+// that of options with the same keyword but for case it finds the first one only, and reads no
+// keyword that fills its array.
+bool findsEachOption(ppd_file_t* ppd) {
+  const auto folded = [](char byte) {
+    return byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte;
+  };
+  std::string_view before;
+  for (const ppd_option_t* option = ppdFirstOption(ppd); option != nullptr;
+       option = ppdNextOption(ppd)) {
+    const std::string_view keyword = boundedView(option->keyword);
+    if (keyword.size() == PPD_MAX_NAME) return false;
+    if (std::ranges::equal(before, keyword, {}, folded, folded)) return false;
+    before = keyword;
   }
+  return ppd->options != nullptr;
+}
 
- private:
-  bool all_;
-  KeywordPool options_;
-  std::bitset<256> firstBytes_;
-};
-
-void removeFirst(OptionCatalogue::Choices& choices, std::string_view choice) {
-  const auto found = std::find(choices.begin(), choices.end(), choice);
-  if (found != choices.end()) choices.erase(found);
+// For each of these options the choice that ppdFindMarkedChoice would find, or null where it has to
+// be asked. It searches two sorted lists by text for every option, which is half of a load; what is
+// marked is one list, and short.
+std::vector<const ppd_choice_t*> choicesMarkedIn(ppd_file_t* ppd, const KeywordPool& options) {
+  std::vector<const ppd_choice_t*> found(options.size());
+  if (!findsEachOption(ppd)) return found;
+  for (void* entry = cupsArrayFirst(ppd->marked); entry != nullptr;
+       entry = cupsArrayNext(ppd->marked)) {
+    const auto* choice = static_cast<const ppd_choice_t*>(entry);
+    const KeywordPool::Id id = options.find(Keyword(choice->option->keyword));
+    if (id != KeywordPool::kNone && found[id] == nullptr) found[id] = choice;
+  }
+  return found;
 }
 
 }  // namespace
@@ -78,11 +83,12 @@ void PPDInfo::loadPPDFile(ppd_file_t* ppd) {
 
 void PPDInfo::loadAllOptionsAndChoices(const ppd_file_t* ppd) {
   if (ppd == nullptr) return;
-  OptionCatalogue& options = allOptionsAndChoicesDict.emplace();
-  if (ppd->groups == nullptr) return;
-  for (int index = 0; index < ppd->num_groups; ++index)
-    addOptionsFromGroup(&ppd->groups[index], options);
+  OptionCatalogue options;
+  reserve(options, groupsOf(ppd));
+  for (const ppd_group_t& group : groupsOf(ppd))
+    addOptionsFromGroup(&group, options);
   options.shrink();
+  allOptionsAndChoicesDict = std::make_shared<const OptionCatalogue>(std::move(options));
 }
 
 void PPDInfo::addOptionsFromGroup(const ppd_group_t* group, OptionCatalogue& options) {
@@ -104,15 +110,16 @@ void PPDInfo::addChoicesFromOption(const ppd_option_t* option, OptionCatalogue& 
 
 void PPDInfo::reloadMarkedChoices(ppd_file_t* ppd) {
   if (ppd == nullptr) return;
-  MarkedChoices& marked = markedChoicesDict.emplace();
-  if (allOptionsAndChoicesDict) {
-    const KeywordPool& options = allOptionsAndChoicesDict->options();
-    for (KeywordPool::Id id = 0; id < options.size(); ++id) {
-      const std::string_view option = options.first(id);
-      const ppd_choice_t* choice = ppdFindMarkedChoice(ppd, option.data());
-      if (choice == nullptr) continue;
-      if (const auto name = keyword(choice->choice)) marked.mark(option, *name);
-    }
+  const auto catalogue = allOptionsAndChoicesDict ? allOptionsAndChoicesDict
+                                                  : std::make_shared<const OptionCatalogue>();
+  const KeywordPool& options = catalogue->options();
+  const auto found = choicesMarkedIn(ppd, options);
+  MarkedChoices& marked = markedChoicesDict.emplace(catalogue);
+  for (KeywordPool::Id id = 0; id < options.size(); ++id) {
+    const ppd_choice_t* choice =
+        found[id] != nullptr ? found[id] : ppdFindMarkedChoice(ppd, options.first(id).data());
+    if (choice == nullptr) continue;
+    if (const auto name = keyword(choice->choice)) marked.mark(id, *name);
   }
   marked.shrink();
   applyMarkedChoices();
@@ -130,82 +137,6 @@ std::optional<OptionCatalogue::Choices> PPDInfo::allChoicesForOption(
 
 bool PPDInfo::isOEMPPD() const {
   return manufacturer && manufacturer->find(kMaker) == std::string::npos;
-}
-
-void PPDInfo::loadConstraintsFor(const Choices& options, const ppd_file_t* ppd) {
-  if (ppd == nullptr) return;
-  constraintsDict.emplace();
-  if (ppd->consts == nullptr) return;
-  const OptionFilter filter(options);
-  for (int index = 0; index < ppd->num_consts; ++index) {
-    const ppd_const_t& constraint = ppd->consts[index];
-    if (!filter.passes(constraint.option1) && !filter.passes(constraint.option2)) continue;
-    // Most PPDs list each constraint from both sides, one below the other.
-    if (index > 0 && mirrored(constraint, ppd->consts[index - 1])) continue;
-    const auto o1 = keyword(constraint.option1);
-    const auto o2 = keyword(constraint.option2);
-    if (!o1 || !o2) continue;
-    enter(*o1, keyword(constraint.choice1).value_or(""), *o2,
-          keyword(constraint.choice2).value_or(""), Directions::kBoth);
-  }
-  constraintsDict->shrink();
-  applyMarkedChoices();
-}
-
-void PPDInfo::loadConstraintsOnlyFor(const Choices& options, const ppd_file_t* ppd) {
-  loadConstraintsFor(options, ppd);
-}
-
-void PPDInfo::loadAllConstraintsFromPPD(const ppd_file_t* ppd) {
-  loadConstraintsFor({}, ppd);
-}
-
-void PPDInfo::addConstraintsForOption1(std::string_view o1, std::string_view c1,
-                                       std::string_view o2, std::string_view c2) {
-  if (!constraintsDict) return;
-  enter(o1, c1, o2, c2, Directions::kOne);
-  applyMarkedChoices();
-}
-
-PPDInfo::Choices PPDInfo::getAllConstrainableChoicesFromOption(std::string_view option) const {
-  const OptionCatalogue::Choices choices = constrainableChoices(option);
-  return {choices.begin(), choices.end()};
-}
-
-bool PPDInfo::willAllowChangeOfOption(std::string_view option, std::string_view choice) const {
-  return !constraintsDict || constraintsDict->allows(option, choice);
-}
-
-std::vector<PPDInfo::MarkedChoice> PPDInfo::choicesForbidding(std::string_view option,
-                                                              std::string_view choice) const {
-  if (!constraintsDict) return {};
-  return constraintsDict->forbidding(option, choice);
-}
-
-OptionCatalogue::Choices PPDInfo::constrainableChoices(std::string_view option) const {
-  if (!allOptionsAndChoicesDict) return {};
-  OptionCatalogue::Choices choices =
-      allOptionsAndChoicesDict->choicesOf(option).value_or(OptionCatalogue::Choices());
-  removeFirst(choices, "None");
-  removeFirst(choices, "False");
-  return choices;
-}
-
-void PPDInfo::enter(std::string_view o1, std::string_view c1, std::string_view o2,
-                    std::string_view c2, Directions directions) {
-  const auto forEachChoice = [this](std::string_view option, std::string_view choice, auto visit) {
-    if (!choice.empty()) return visit(choice);
-    for (const std::string_view any : constrainableChoices(option))
-      visit(any);
-  };
-  forEachChoice(o1, c1, [&](std::string_view choice1) {
-    const auto id1 = constraintsDict->choiceId(o1, choice1);
-    forEachChoice(o2, c2, [&](std::string_view choice2) {
-      const auto id2 = constraintsDict->choiceId(o2, choice2);
-      constraintsDict->add(id1, id2);
-      if (directions == Directions::kBoth) constraintsDict->add(id2, id1);
-    });
-  });
 }
 
 // The table answers by the choices that are marked now, whichever of the two was loaded last.

@@ -2,6 +2,7 @@
 // marked, and which choices of different options exclude each other.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -88,17 +89,15 @@ class PPDInfo {
                                                             std::string_view choice) const;
 
  private:
-  enum class Directions { kOne, kBoth };
-
   [[nodiscard]] OptionCatalogue::Choices constrainableChoices(std::string_view option) const;
-  void enter(std::string_view o1, std::string_view c1, std::string_view o2, std::string_view c2,
-             Directions directions);
+  void enter(const Keyword& o1, const Keyword& c1, const Keyword& o2, const Keyword& c2,
+             ConstraintTable::Directions directions);
   void applyMarkedChoices();
 
   std::optional<std::string> manufacturer;
   std::optional<ConstraintTable> constraintsDict;
   std::optional<MarkedChoices> markedChoicesDict;
-  std::optional<OptionCatalogue> allOptionsAndChoicesDict;
+  std::shared_ptr<const OptionCatalogue> allOptionsAndChoicesDict;
   // Reserved: the options to watch are handed to each load instead.
   std::optional<Choices> optionsToSupportConstraintsOn;
 };

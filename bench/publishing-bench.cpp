@@ -136,10 +136,10 @@ std::vector<Comparison> registerComparisons(const std::vector<Sample>& samples) 
     add("first load/" + name, loadFirstModel, path)->UseManualTime();
     add("all trays/" + name, askAllTrays, path);
     add("cupsGetConflicts/" + name, getConflictsOfAllTrays, path);
-    comparisons.push_back({"model load/" + name, "ppdOpenFile/" + name, Goal::kShareAtMost,
-                           large ? kLoadShare : kNoGoal});
-    comparisons.push_back(
-        {"first load/" + name, "ppdOpenFile/" + name, Goal::kShareAtMost, kNoGoal});
+    for (const char* load : {"model load/", "first load/"}) {
+      comparisons.push_back(
+          {load + name, "ppdOpenFile/" + name, Goal::kShareAtMost, large ? kLoadShare : kNoGoal});
+    }
     comparisons.push_back(
         {"all trays/" + name, "cupsGetConflicts/" + name, Goal::kTimesFaster, kTraysFaster});
   }

@@ -13,9 +13,9 @@ TEST(KeywordPool, NumbersKeywordsInTheOrderTheyCame) {
   KeywordPool pool;
   EXPECT_EQ(pool.size(), 0U);
   EXPECT_EQ(pool.find("InputSlot"), KeywordPool::kNone);
-  EXPECT_EQ(pool.add("InputSlot"), 0U);
-  EXPECT_EQ(pool.add("Duplex"), 1U);
-  EXPECT_EQ(pool.add("InputSlot"), 0U);
+  EXPECT_EQ(pool.add(Keyword("InputSlot")), 0U);
+  EXPECT_EQ(pool.add(Keyword("Duplex")), 1U);
+  EXPECT_EQ(pool.add(Keyword("InputSlot")), 0U);
   EXPECT_EQ(pool.find("Duplex"), 1U);
   EXPECT_EQ(pool.first(1), "Duplex");
   EXPECT_EQ(pool.second(1), "");
@@ -39,7 +39,7 @@ TEST(KeywordPool, TellsPairsApart) {
                                                                   {"1234567", "812345678"}};
   KeywordPool pool;
   for (const auto& [first, second] : pairs)
-    pool.add(first, second);
+    pool.add(Keyword(first), Keyword(second));
   ASSERT_EQ(pool.size(), pairs.size());
   for (KeywordPool::Id id = 0; id < pool.size(); ++id) {
     EXPECT_EQ(pool.first(id), pairs[id].first);
@@ -51,8 +51,8 @@ TEST(KeywordPool, TellsPairsApart) {
 
 TEST(KeywordPool, FindsNothingThatHoldsANUL) {
   KeywordPool pool;
-  pool.add("A", "B");
-  pool.add("A");
+  pool.add(Keyword("A"), Keyword("B"));
+  pool.add(Keyword("A"));
   EXPECT_EQ(pool.find(std::string("A\0B", 3)), KeywordPool::kNone);
   EXPECT_EQ(pool.find("A", std::string("\0B", 2)), KeywordPool::kNone);
   EXPECT_EQ(pool.find(std::string("A\0", 2)), KeywordPool::kNone);
@@ -60,10 +60,43 @@ TEST(KeywordPool, FindsNothingThatHoldsANUL) {
 
 TEST(KeywordPool, EndsFirstKeywordsWithANUL) {
   KeywordPool pool;
-  pool.add("A", "x");
-  pool.add("B");
+  pool.add(Keyword("A"), Keyword("x"));
+  pool.add(Keyword("B"));
   EXPECT_STREQ(pool.first(0).data(), "A");
   EXPECT_STREQ(pool.first(1).data(), "B");
+}
+
+TEST(KeywordPool, FindsEachWhateverRoomIsMade) {
+  for (const std::size_t room : {0, 1, 2, 3, 100}) {
+    KeywordPool pool;
+    pool.reserve(room);
+    EXPECT_EQ(pool.find("A"), KeywordPool::kNone);
+    for (const char* keyword : {"A", "B", "C"})
+      pool.add(Keyword(std::string_view(keyword)));
+    pool.reserve(room);
+    EXPECT_EQ(pool.find("C"), 2U) << room;
+    EXPECT_EQ(pool.find("D"), KeywordPool::kNone) << room;
+  }
+}
+
+TEST(KeywordPool, TellsApartWhatBeginsWithTheSameSixteenBytes) {
+  KeywordPool pool;
+  const std::vector<std::string> keywords = {"1234567890123456", "12345678901234567",
+                                             "1234567890123456A", "12345678901234567890"};
+  for (const std::string& first : keywords)
+    for (const std::string& second : keywords)
+      pool.add(Keyword(first), Keyword(second));
+  ASSERT_EQ(pool.size(), keywords.size() * keywords.size());
+  KeywordPool::Id id = 0;
+  for (const std::string& first : keywords) {
+    for (const std::string& second : keywords) {
+      EXPECT_EQ(pool.find(first, second), id) << first << ' ' << second;
+      EXPECT_TRUE(pool.holds(id, Keyword(first), Keyword(second)));
+      ++id;
+    }
+  }
+  EXPECT_EQ(pool.find("1234567890123456B", "1234567890123456"), KeywordPool::kNone);
+  EXPECT_FALSE(pool.holds(0, Keyword("1234567890123456B"), Keyword("1234567890123456")));
 }
 
 TEST(KeywordPool, FindsEachOfManyAfterShrinkingAndGrowing) {
@@ -73,7 +106,7 @@ TEST(KeywordPool, FindsEachOfManyAfterShrinkingAndGrowing) {
   };
   for (KeywordPool::Id id = 0; id < 5000; ++id) {
     if (id % 1000 == 0) pool.shrink();
-    ASSERT_EQ(pool.add(name(id), name(id + 1)), id);
+    ASSERT_EQ(pool.add(Keyword(name(id)), Keyword(name(id + 1))), id);
   }
   for (KeywordPool::Id id = 0; id < 5000; ++id) {
     ASSERT_EQ(pool.find(name(id), name(id + 1)), id);

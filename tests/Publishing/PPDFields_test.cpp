@@ -50,6 +50,42 @@ TEST(PPDField, IsAStringOnlyWhenValid) {
   EXPECT_EQ(stringFromPPD(field, PPDEncoding::UTF8), std::nullopt);
 }
 
+TEST(PPDField, IsJudgedByItsTextAlone) {
+  char field[PPD_MAX_NAME];
+  for (std::size_t index = 0; index < sizeof(field); ++index) {
+    test::fillField(field, "Tray1");
+    field[index] = '\xe9';
+    const auto expected = index > 5 ? std::optional<std::string_view>("Tray1") : std::nullopt;
+    EXPECT_EQ(viewOfPPD(field, PPDEncoding::UTF8), expected) << index;
+  }
+}
+
+TEST(PPDEntries, AreNoneWithoutAnArrayOrACount) {
+  ppd_choice_t choice{};
+  ppd_option_t option{};
+  ppd_group_t group{};
+  ppd_const_t constraint{};
+  ppd_file_t ppd{};
+  for (const bool array : {false, true}) {
+    for (const int count : {-1, 0, 1}) {
+      option.choices = array ? &choice : nullptr;
+      group.options = array ? &option : nullptr;
+      ppd.groups = array ? &group : nullptr;
+      ppd.consts = array ? &constraint : nullptr;
+      option.num_choices = group.num_options = ppd.num_groups = ppd.num_consts = count;
+      const std::size_t expected = array && count == 1 ? 1 : 0;
+      EXPECT_EQ(choicesOf(&option).size(), expected);
+      EXPECT_EQ(optionsOf(&group).size(), expected);
+      EXPECT_EQ(groupsOf(&ppd).size(), expected);
+      EXPECT_EQ(constraintsOf(&ppd).size(), expected);
+    }
+  }
+  EXPECT_TRUE(choicesOf(nullptr).empty());
+  EXPECT_TRUE(optionsOf(nullptr).empty());
+  EXPECT_TRUE(groupsOf(nullptr).empty());
+  EXPECT_TRUE(constraintsOf(nullptr).empty());
+}
+
 TEST(PPDTexts, AreUTF8WhenTheEncodingBeginsSo) {
   const std::vector<std::pair<const char*, PPDEncoding>> cases = {
       {"UTF-8", PPDEncoding::UTF8},      {"UTF-8-MAC", PPDEncoding::UTF8},

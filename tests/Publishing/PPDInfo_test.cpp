@@ -179,6 +179,23 @@ TEST(NullEntries, AreSkipped) {
   EXPECT_THAT(info.allChoicesForOption(""), Eq(std::nullopt));
 }
 
+TEST(NullEntries, MayBeSaidToBeSeveral) {
+  HandmadePPD filled(Groups{{.options = {{"A", {"a"}}}}});
+  ppd_group_t group = filled.get()->groups[0];
+  group.subgroups = nullptr;
+  group.num_subgroups = 2;
+  OptionCatalogue options;
+  PPDInfo::addOptionsFromGroup(&group, options);
+  EXPECT_EQ(options.options().size(), 1U);
+
+  ppd_file_t ppd{};
+  ppd.num_groups = 2;
+  ppd.num_consts = 2;
+  PPDInfo info = loaded(&ppd);
+  info.loadAllConstraintsFromPPD(&ppd);
+  EXPECT_THAT(info.allChoicesForOption("A"), Eq(std::nullopt));
+}
+
 TEST(NullEntries, DoNotKeepTheSubgroupsOfTheirGroupOut) {
   HandmadePPD ppd(Groups{{.options = {}, .subgroups = {{{{"C", {"c"}}}}}}});
   ppd_group_t group = ppd.get()->groups[0];
@@ -245,6 +262,84 @@ TEST(MarkedChoices, StayWhenTheCatalogueAloneIsLoaded) {
   info.loadAllOptionsAndChoices(other.get());
   EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
   EXPECT_THAT(info.allChoicesForOption("InputSlot"), Eq(std::nullopt));
+}
+
+void expectMarksOfLibcups(ppd_file_t* ppd, const std::vector<const char*>& options) {
+  const PPDInfo info = loaded(ppd);
+  for (const char* option : options) {
+    const ppd_choice_t* marked = ppdFindMarkedChoice(ppd, option);
+    EXPECT_EQ(info.currentMarkedChoiceForOption(option),
+              marked != nullptr ? std::optional<std::string>(marked->choice) : std::nullopt)
+        << option;
+  }
+}
+
+TEST(MarkedChoices, OfOptionsThatDifferInCaseAreThoseOfTheFirst) {
+  const std::vector<const char*> keywords = {"Duplex", "duplex", "DUPLEX", "Duple"};
+  std::string lines = optionLines("Duple", {"a"}, "a");
+  for (const char* keyword : {"Duplex", "duplex", "DUPLEX"})
+    lines += optionLines(keyword, {std::string("On") + keyword, "Off"}, "Off");
+  const auto ppd = openPPDText(lines);
+  expectMarksOfLibcups(ppd.get(), keywords);
+  for (const char* choice : {"OnDuplex", "Onduplex", "OnDUPLEX", "Off"}) {
+    ppdMarkOption(ppd.get(), "duplex", choice);
+    expectMarksOfLibcups(ppd.get(), keywords);
+  }
+}
+
+TEST(MarkedChoices, OfOptionsThatDifferInCaseAreThoseOfTheFirstHoweverTheyAreMarked) {
+  HandmadePPD ppd(oneGroup({{"A", {"x", "y"}, "y"}, {"a", {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
+  expectMarksOfLibcups(ppd.get(), {"A", "a", "B"});
+  HandmadePPD second(oneGroup({{"A", {"x", "y"}}, {"a", {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
+  expectMarksOfLibcups(second.get(), {"A", "a", "B"});
+}
+
+TEST(MarkedChoices, OfAnOptionInTwoGroupsAreThoseOfTheFirst) {
+  const std::string first = optionLines("Duplex", {"On", "Off"}, "On") + kTrays;
+  const std::string second = optionLines("Duplex", {"Off", "Tumble"}, "Tumble");
+  const auto ppd =
+      openPPDText("*OpenGroup: One/One\n" + first + "*CloseGroup: One\n*OpenGroup: Two/Two\n" +
+                  second + "*CloseGroup: Two\n");
+  ASSERT_EQ(ppd->num_groups, 2);
+  for (const char* choice : {"On", "Off", "Tumble"}) {
+    ppdMarkOption(ppd.get(), "Duplex", choice);
+    expectMarksOfLibcups(ppd.get(), {"Duplex", "InputSlot"});
+  }
+}
+
+TEST(MarkedChoices, OfAnOptionWithSeveralAreTheFirst) {
+  const auto ppd = openPPDText(
+      "*OpenUI *Finish: PickMany\n*Finish Punch: \"\"\n*Finish Fold: \"\"\n"
+      "*Finish Staple: \"\"\n*CloseUI: *Finish\n");
+  for (const char* choice : {"Staple", "Punch", "Fold"}) {
+    ppdMarkOption(ppd.get(), "Finish", choice);
+    expectMarksOfLibcups(ppd.get(), {"Finish"});
+  }
+  ASSERT_EQ(cupsArrayCount(ppd->marked), 3);
+}
+
+TEST(MarkedChoices, NeedNoListsOfLibcups) {
+  for (const bool listed : {false, true}) {
+    for (const bool marked : {false, true}) {
+      HandmadePPD ppd(oneGroup({{"A", {"x", "y"}, "y"}, {"B", {"z"}}}));
+      if (!listed) ppd.get()->options = nullptr;
+      if (!marked) ppd.get()->marked = nullptr;
+      expectMarksOfLibcups(ppd.get(), {"A", "B"});
+    }
+  }
+}
+
+TEST(MarkedChoices, OutliveTheCatalogueThatTheyWereReadFor) {
+  const auto ppd = openPPDText(kTrays + kSizes);
+  PPDInfo info = loaded(ppd.get());
+  PPDInfo copy = info;
+  const auto other = openPPDText(optionLines("PageSize", {"A5"}, "A5"));
+  info.loadAllOptionsAndChoices(other.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+  info.reloadMarkedChoices(other.get());
+  EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), std::nullopt);
+  EXPECT_EQ(info.currentMarkedChoiceForOption("PageSize"), "A5");
+  EXPECT_EQ(copy.currentMarkedChoiceForOption("PageSize"), "A3");
 }
 
 TEST(Manufacturer, IsForeignUnlessItContainsTheMakersName) {

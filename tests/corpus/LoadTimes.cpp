@@ -1,11 +1,9 @@
 #include "tests/corpus/LoadTimes.h"
 
 #include <algorithm>
-#include <ctime>
+#include <chrono>
 #include <functional>
 #include <iomanip>
-#include <iterator>
-#include <limits>
 #include <memory>
 #include <sstream>
 
@@ -15,8 +13,9 @@
 namespace publishing::corpus {
 namespace {
 
-constexpr int kRepeats = 7;
-constexpr double kGoal = 0.03;
+constexpr int kRepeats = 4;
+constexpr double kMedianGoal = 0.02;
+constexpr double kLargeFileGoal = 0.03;
 constexpr std::size_t kListed = 10;
 
 struct ClosePPD {
@@ -24,18 +23,18 @@ struct ClosePPD {
 };
 using OpenedPPD = std::unique_ptr<ppd_file_t, ClosePPD>;
 
-// Seconds that this thread has computed: other programs do not count.
-double computed() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+// Seconds of a clock that is read in 20 ns. To ask how long this thread has computed takes as long
+// as loading a small PPD; that other programs take part of the time is what the repeats are for.
+double now() {
+  const auto time = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double>(time).count();
 }
 
 // Lowers `shortest` to the time of this run if that is shorter.
 void shorten(double& shortest, const std::function<void()>& run) {
-  const double begin = computed();
+  const double begin = now();
   run();
-  shortest = std::min(shortest, computed() - begin);
+  shortest = std::min(shortest, now() - begin);
 }
 
 void load(PPDInfo& info, ppd_file_t* ppd) {
@@ -52,50 +51,66 @@ std::string with(double value, const char* unit) {
 }  // namespace
 
 void LoadTimes::measure(const std::filesystem::path& path, const std::string& name) {
-  constexpr double kNever = std::numeric_limits<double>::max();
-  Sample sample{name, std::filesystem::file_size(path), kNever, kNever, kNever};
+  Sample& sample = samples_[name];
+  sample.name = name;
+  sample.bytes = std::filesystem::file_size(path);
   for (int repeat = 0; repeat < kRepeats; ++repeat) {
     OpenedPPD ppd;
     shorten(sample.openSeconds, [&] { ppd.reset(ppdOpenFile(path.c_str())); });
-    if (ppd == nullptr) return;
+    if (ppd == nullptr) {
+      samples_.erase(name);
+      return;
+    }
     ppdMarkDefaults(ppd.get());
     PPDInfo first;
     shorten(sample.firstLoadSeconds, [&] { load(first, ppd.get()); });
     PPDInfo again;
     shorten(sample.loadSeconds, [&] { load(again, ppd.get()); });
   }
-  samples_.push_back(sample);
 }
 
-std::vector<LoadTimes::Sample> LoadTimes::largeSamples() const {
-  std::vector<Sample> large;
-  std::copy_if(samples_.begin(), samples_.end(), std::back_inserter(large),
-               [](const Sample& sample) { return sample.bytes > kLargeFile; });
-  return large;
+std::vector<LoadTimes::Sample> LoadTimes::samplesAbove(std::uintmax_t bytes) const {
+  std::vector<Sample> samples;
+  for (const auto& [name, sample] : samples_) {
+    if (sample.bytes > bytes) samples.push_back(sample);
+  }
+  return samples;
 }
 
-void LoadTimes::writeRow(std::ostream& out, const char* title, const std::vector<Sample>& samples,
-                         Seconds load) {
-  if (samples.empty()) return;
+std::vector<double> LoadTimes::sharesOf(const std::vector<Sample>& samples, Seconds load) {
   std::vector<double> shares;
   shares.reserve(samples.size());
   for (const Sample& sample : samples)
     shares.push_back(share(sample, load));
   std::sort(shares.begin(), shares.end());
-  const auto above = shares.end() - std::upper_bound(shares.begin(), shares.end(), kGoal);
+  return shares;
+}
+
+bool LoadTimes::goalsMet() const {
+  const auto all = sharesOf(samplesAbove(0), &Sample::firstLoadSeconds);
+  const auto large = sharesOf(samplesAbove(kLargeFile), &Sample::firstLoadSeconds);
+  return (all.empty() || all[all.size() / 2] <= kMedianGoal) &&
+         (large.empty() || large.back() <= kLargeFileGoal);
+}
+
+void LoadTimes::writeRow(std::ostream& out, const char* title, const std::vector<Sample>& samples,
+                         Seconds load) {
+  if (samples.empty()) return;
+  const auto shares = sharesOf(samples, load);
+  const auto above = shares.end() - std::upper_bound(shares.begin(), shares.end(), kLargeFileGoal);
   out << "| " << title << " | " << shares.size() << " | "
       << with(100 * shares[shares.size() / 2], "%") << " | " << with(100 * shares.back(), "%")
       << " | " << above << " |\n";
 }
 
 void LoadTimes::writeHighest(std::ostream& out) const {
-  std::vector<Sample> large = largeSamples();
+  std::vector<Sample> large = samplesAbove(kLargeFile);
   std::sort(large.begin(), large.end(), [](const Sample& one, const Sample& other) {
-    return share(one, &Sample::loadSeconds) > share(other, &Sample::loadSeconds);
+    return share(one, &Sample::firstLoadSeconds) > share(other, &Sample::firstLoadSeconds);
   });
   large.resize(std::min(large.size(), kListed));
   for (const Sample& sample : large) {
-    out << "- " << with(100 * share(sample, &Sample::loadSeconds), "%") << ": " << sample.name
+    out << "- " << with(100 * share(sample, &Sample::firstLoadSeconds), "%") << ": " << sample.name
         << ", " << sample.bytes << " bytes, open " << with(1e3 * sample.openSeconds, "ms")
         << ", first load " << with(1e6 * sample.firstLoadSeconds, "us") << ", load again "
         << with(1e6 * sample.loadSeconds, "us") << '\n';
@@ -105,11 +120,15 @@ void LoadTimes::writeHighest(std::ostream& out) const {
 void LoadTimes::write(std::ostream& out) const {
   out << "| model load / ppdOpenFile | files | median | highest | above 3 % |\n"
          "|---|---:|---:|---:|---:|\n";
-  writeRow(out, "first load, all files", samples_, &Sample::firstLoadSeconds);
-  writeRow(out, "first load, files above 100 KB", largeSamples(), &Sample::firstLoadSeconds);
-  writeRow(out, "load again, all files", samples_, &Sample::loadSeconds);
-  writeRow(out, "load again, files above 100 KB", largeSamples(), &Sample::loadSeconds);
-  out << "\nHighest above 100 KB, loaded again:\n\n";
+  writeRow(out, "first load, all files", samplesAbove(0), &Sample::firstLoadSeconds);
+  writeRow(out, "first load, files above 100 KB", samplesAbove(kLargeFile),
+           &Sample::firstLoadSeconds);
+  writeRow(out, "load again, all files", samplesAbove(0), &Sample::loadSeconds);
+  writeRow(out, "load again, files above 100 KB", samplesAbove(kLargeFile), &Sample::loadSeconds);
+  out << "\nThe goals for a first load, a median of at most 2 % and at most 3 % for every file "
+         "above "
+         "100 KB, are "
+      << (goalsMet() ? "met" : "MISSED") << ".\n\nHighest first loads above 100 KB:\n\n";
   writeHighest(out);
 }
 

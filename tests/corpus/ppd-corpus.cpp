@@ -46,12 +46,14 @@ int check(const std::vector<fs::path>& packages, int rounds, const fs::path& rep
 }
 
 int bench(const std::vector<fs::path>& packages) {
+  constexpr int kPasses = 5;
   publishing::corpus::LoadTimes times;
-  for (const fs::path& package : packages)
-    for (const fs::path& file : filesBelow(package))
-      times.measure(file, fs::relative(file, package.parent_path()).string());
+  for (int pass = 0; pass < kPasses; ++pass)
+    for (const fs::path& package : packages)
+      for (const fs::path& file : filesBelow(package))
+        times.measure(file, fs::relative(file, package.parent_path()).string());
   times.write(std::cout);
-  return EXIT_SUCCESS;
+  return times.goalsMet() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int run(int argc, char** argv) {
@@ -66,7 +68,8 @@ int run(int argc, char** argv) {
   app.add_option("--rounds", rounds, "States of the marks for each PPD, after its defaults")
       ->capture_default_str();
   app.add_option("--report", report, "Write the report to this file as well");
-  app.add_flag("--bench", times, "Measure the model's load times instead");
+  app.add_flag("--bench", times,
+               "Measure the model's load times instead; fails when a goal is missed");
   CLI11_PARSE(app, argc, argv);
   return times ? bench(packages) : check(packages, rounds, report);
 }

@@ -91,6 +91,32 @@ TEST(Constraints, ListedFromBothSidesCountAsOne) {
   EXPECT_FALSE(printer.allows("Duplex", "Off"));
 }
 
+TEST(Constraints, ForAnyChoiceAreNotTakenForOnesForTheEmptyChoice) {
+  HandmadePPD ppd(oneGroup({{"InputSlot", {"L", "M"}}, {"Stapler", {"", "On"}, "On"}}),
+                  {{"InputSlot", "M", "Stapler", ""}, {"Stapler", "", "InputSlot", "L"}});
+  PPDInfo info;
+  info.loadPPDFile(ppd.get());
+  info.loadAllConstraintsFromPPD(ppd.get());
+  EXPECT_FALSE(info.willAllowChangeOfOption("InputSlot", "M"));
+  EXPECT_FALSE(info.willAllowChangeOfOption("InputSlot", "L"));
+}
+
+TEST(Constraints, OutsideTheCountAreNotRead) {
+  HandmadePPD ppd(oneGroup({{"Duplex", {"On"}, "On"}}), {{"InputSlot", "L", "Duplex", "On"},
+                                                         {"InputSlot", "M", "Duplex", "On"},
+                                                         {"InputSlot", "N", "Duplex", "On"}});
+  ++ppd.get()->consts;
+  ppd.get()->num_consts = 1;
+  PPDInfo info;
+  info.loadPPDFile(ppd.get());
+  for (const PPDInfo::Choices& filter : {PPDInfo::Choices(), {"InputSlot"}}) {
+    info.loadConstraintsFor(filter, ppd.get());
+    EXPECT_TRUE(info.willAllowChangeOfOption("InputSlot", "L"));
+    EXPECT_FALSE(info.willAllowChangeOfOption("InputSlot", "M"));
+    EXPECT_TRUE(info.willAllowChangeOfOption("InputSlot", "N"));
+  }
+}
+
 TEST(Constraints, WithBothSidesEmptySetAllAgainstAll) {
   Printer printer(kTrays + kCovers + constraint("*InputSlot *CoverMediaType"));
   printer.mark("CoverMediaType", "None");
@@ -142,6 +168,20 @@ TEST(Constraints, BetweenTwoOtherOptionsAreFilteredOut) {
   EXPECT_FALSE(all.allows("CoverMediaType", "P"));
   EXPECT_FALSE(all.allows("Duplex", "Tumble"));
   EXPECT_FALSE(all.allows("InputSlot", "M"));
+}
+
+TEST(Constraints, BetweenOptionsThatOnlyBeginLikeOneOfTheFilterAreFilteredOut) {
+  for (const char* option : {"Input", "InputSlots", "I"}) {
+    for (const char* other : {"", "Duplex", "Input"}) {
+      HandmadePPD ppd(oneGroup({{other, {"On"}, "On"}}), {{option, "M", other, "On"}});
+      PPDInfo info;
+      info.loadPPDFile(ppd.get());
+      info.loadConstraintsOnlyFor({"InputSlot"}, ppd.get());
+      EXPECT_TRUE(info.willAllowChangeOfOption(option, "M")) << option << ' ' << other;
+      info.loadConstraintsOnlyFor({"InputSlot", other}, ppd.get());
+      EXPECT_FALSE(info.willAllowChangeOfOption(option, "M")) << option << ' ' << other;
+    }
+  }
 }
 
 TEST(Constraints, AreLoadedForEachOptionOfTheFilter) {
@@ -279,6 +319,15 @@ TEST(AddedConstraint, HasOneDirection) {
   printer.mark("CoverMediaType", "P").mark("InputSlot", "M");
   EXPECT_FALSE(printer.allows("InputSlot", "M"));
   EXPECT_TRUE(printer.allows("CoverMediaType", "P"));
+}
+
+TEST(AddedConstraint, IsNotTheSameAsTheOneInTheOtherDirection) {
+  Printer printer(kTrays + kCovers);
+  printer.info.addConstraintsForOption1("InputSlot", "M", "CoverMediaType", "P");
+  printer.info.addConstraintsForOption1("CoverMediaType", "P", "InputSlot", "M");
+  printer.mark("CoverMediaType", "P").mark("InputSlot", "M");
+  EXPECT_FALSE(printer.allows("InputSlot", "M"));
+  EXPECT_FALSE(printer.allows("CoverMediaType", "P"));
 }
 
 TEST(AddedConstraint, MayBeForAnyChoice) {
