@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 namespace publishing {
 namespace {
@@ -41,11 +42,15 @@ void KeywordPool::reserve(std::size_t count) {
   slots_.assign(std::bit_ceil(2 * count), kNone);
   const std::size_t mask = slots_.size() - 1;
   for (Id id = 0; id < size(); ++id) {
-    std::size_t slot = hashOf(entries_[id].head1, entries_[id].head2) & mask;
+    std::size_t slot = hashOf(Keyword(first(id)), Keyword(second(id))) & mask;
     while (slots_[slot] != kNone)
       slot = (slot + 1) & mask;
     slots_[slot] = id;
   }
+}
+
+std::size_t KeywordPool::hashOfText(const Keyword& keyword) {
+  return std::hash<std::string_view>()(keyword.text());
 }
 
 void KeywordPool::shrink() {
