@@ -1,4 +1,5 @@
-// Taking the state from the job's print settings.
+// Taking the state from the job's print settings: what the controls show is set in them, and
+// updateUI reads it back into the state.
 #include "Publishing/NSStringMyExtension.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
@@ -15,21 +16,15 @@ bool PublishingPDE::restoreValuesAndReturnError() {
   return true;
 }
 
-// The check box itself is left to updateUI.
 void PublishingPDE::restoreCoverMode() {
   state_.covermodeEnableState = isPrintSettingOn(kCoverModeState) ? 1 : 0;
-  state_.covermodeRadioButtonState = 0;
   if (state_.covermodeEnableState == 0) return;
   state_.restoreFlag = true;
   state_.transparencyinterleavingEnableState = 0;
 
   if (!readPrintSetting(kCoverModeValue, state_.covermodeValue)) return;
   tickCoverSides();
-  readPrintSetting(kCoverMediaType, state_.cmmediatype);
-  if (readPrintSetting(kCmIndex, state_.indexTempString)) {
-    state_.cmIndex = intValue(*state_.indexTempString);
-    CmMediaType->selectItemAtIndex(state_.cmIndex);
-  }
+  restoreIndex(kCmIndex, *CmMediaType);
   if (readPrintSetting(kCovermodeRadioButtonState, state_.covermodeRadioButtonState)) {
     selectMatrixCell();
   }
@@ -41,15 +36,15 @@ void PublishingPDE::restorePageInsert() {
   state_.restoreFlag = true;
   state_.transparencyinterleavingEnableState = 0;
 
-  restorePageNumbers();
-  PiCheckBox->setState(1);
   if (readPrintSetting(kPageinsertValue, state_.pageinsertValue)) {
     tickInsertSides();
   }
-  readPrintSetting(kPageMediaType, state_.pimediatype);
-  if (readPrintSetting(kPiIndex, state_.indexTempString)) {
-    state_.piIndex = intValue(*state_.indexTempString);
-    PiMediaType->selectItemAtIndex(state_.piIndex);
+  restoreIndex(kPiIndex, *PiMediaType);
+}
+
+void PublishingPDE::restoreIndex(const char* key, PopUpButton& popUp) {
+  if (readPrintSetting(key, state_.indexTempString)) {
+    popUp.selectItemAtIndex(intValue(*state_.indexTempString));
   }
 }
 

@@ -104,7 +104,8 @@ void PublishingPDE::writePrintSetting(const char* key, std::int64_t value) {
 
 bool PublishingPDE::isTwoSided() const {
   constexpr std::int32_t kPMDuplexNone = 1;
-  return pdePluginCallbackObject->printSettings().getDuplex().value_or(0) > kPMDuplexNone;
+  return pdePluginCallbackObject->printSettings().getDuplex().value_or(kPMDuplexNone) >
+         kPMDuplexNone;
 }
 
 bool PublishingPDE::isNup() const {

@@ -124,6 +124,18 @@ TEST(LogFile, IsClosedAfterEachLine) {
             "Circle\t(null) closed\n");
 }
 
+TEST(LogFile, BelongsToOneObjectWhenMoved) {
+  LogFile first(::open("/dev/null", O_RDONLY));
+  const int descriptor = first.descriptor();
+  LogFile second(std::move(first));
+  EXPECT_EQ(second.descriptor(), descriptor);
+  EXPECT_FALSE(first);  // NOLINT(bugprone-use-after-move): what it is left with
+  LogFile third(-1);
+  third = std::move(second);
+  EXPECT_EQ(third.descriptor(), descriptor);
+  EXPECT_FALSE(second);  // NOLINT(bugprone-use-after-move)
+}
+
 void limit(int resource, rlim_t most) {
   rlimit limits{};
   ::getrlimit(static_cast<__rlimit_resource_t>(resource), &limits);

@@ -60,6 +60,29 @@ TEST(PPDField, IsJudgedByItsTextAlone) {
   }
 }
 
+template <std::size_t Size>
+void expectEveryByteLookedAt() {
+  struct {
+    char field[Size];
+    char behind = '\xe9';
+  } array{};
+  for (char& byte : array.field) {
+    byte = '\x7f';
+    EXPECT_TRUE(isAllASCII(array.field)) << Size;
+    byte = '\x80';
+    EXPECT_FALSE(isAllASCII(array.field)) << Size;
+    byte = 'a';
+  }
+}
+
+TEST(PPDField, IsAllASCIIWithoutAHighByteAnywhereInIt) {
+  expectEveryByteLookedAt<1>();
+  expectEveryByteLookedAt<7>();
+  expectEveryByteLookedAt<8>();
+  expectEveryByteLookedAt<9>();
+  expectEveryByteLookedAt<PPD_MAX_NAME>();
+}
+
 TEST(PPDEntries, AreNoneWithoutAnArrayOrACount) {
   ppd_choice_t choice{};
   ppd_option_t option{};

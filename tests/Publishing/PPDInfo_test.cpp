@@ -318,13 +318,20 @@ TEST(MarkedChoices, OfAnOptionWithSeveralAreTheFirst) {
   ASSERT_EQ(cupsArrayCount(ppd->marked), 3);
 }
 
+TEST(MarkedChoices, OfAKeywordThatFillsItsArrayAreNotFound) {
+  const std::string full(PPD_MAX_NAME, 'K');
+  HandmadePPD ppd(oneGroup({{full, {"x"}, "x"}, {"A", {"y"}, "y"}}));
+  ASSERT_EQ(ppdFindMarkedChoice(ppd.get(), full.c_str()), nullptr);
+  expectMarksOfLibcups(ppd.get(), {full.c_str(), "A"});
+}
+
 TEST(MarkedChoices, NeedNoListsOfLibcups) {
   for (const bool listed : {false, true}) {
     for (const bool marked : {false, true}) {
-      HandmadePPD ppd(oneGroup({{"A", {"x", "y"}, "y"}, {"B", {"z"}}}));
+      HandmadePPD ppd(oneGroup({{"A", {"x", "y"}, "y"}, {"a", {"x", "y"}, "x"}, {"B", {"z"}}}));
       if (!listed) ppd.get()->options = nullptr;
       if (!marked) ppd.get()->marked = nullptr;
-      expectMarksOfLibcups(ppd.get(), {"A", "B"});
+      expectMarksOfLibcups(ppd.get(), {"A", "a", "B"});
     }
   }
 }

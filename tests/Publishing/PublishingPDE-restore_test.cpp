@@ -93,6 +93,16 @@ TEST_F(PublishingPDERestore, PageInsertTakesEveryStoredValue) {
   EXPECT_TRUE(panel.state().restoreFlag);
 }
 
+TEST_F(PublishingPDERestore, IndexWithoutMediaNamesTheMediaOfItsItem) {
+  restoreFrom({{"VtCoverModeState", "On"},
+               {"VtCoverModeValue", "1"},
+               {"VtCmIndex", "2"},
+               {"VtPageinsertState", "On"},
+               {"VtPiIndex", "3"}});
+  EXPECT_EQ(panel.state().cmmediatype, "Lower Tray");
+  EXPECT_EQ(panel.state().pimediatype, "Lower Tray");
+}
+
 TEST_F(PublishingPDERestore, PageInsertValuesAreReadIndependently) {
   restoreFrom({{"VtPageinsertState", "On"}, {"VtPiIndex", "3"}});
   EXPECT_EQ(panel.state().pageinsertEnableState, 1);
@@ -184,6 +194,15 @@ TEST_F(PublishingPDERestore, BeforeTheViewLoadsItWithoutFormatter) {
   EXPECT_EQ(bundle->interfaces.size(), 1u);
   pageField().type("3x");
   EXPECT_EQ(pageField().stringValue(), "3x");
+}
+
+TEST_F(PublishingPDERestore, FeatureThatWentOffIsForgottenWithTheNextView) {
+  restoreFrom({{"VtCoverModeState", "On"}});
+  ASSERT_TRUE(panel.state().restoreFlag);
+  set({{"VtCoverModeState", "Off"}});
+  clearView();
+  panel.panelView();
+  EXPECT_FALSE(panel.state().restoreFlag);
 }
 
 TEST_F(PublishingPDERestore, BeforeTheViewLeavesTheTabsToTheNextRefresh) {

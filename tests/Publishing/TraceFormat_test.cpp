@@ -34,6 +34,8 @@ TEST(TraceFormat, WritesNumbersLikePrintf) {
   EXPECT_EQ(formatted("%.2f %e %g", 3.14159, 1500.0, 0.5), "3.14 1.500000e+03 0.5");
   EXPECT_EQ(formatted("[%5d|%-5d|%05d|%+d|% d]", 42, 42, 42, 42, 42),
             "[   42|42   |00042|+42| 42]");
+  EXPECT_EQ(formatted("[%5i|%05i|%+i]", 42, 42, 42), "[   42|00042|+42]");
+  EXPECT_EQ(formatted("[%12d|%.10d|%-12s]", 42, 42, "x"), "[          42|0000000042|x           ]");
   EXPECT_EQ(formatted("[%*d|%-*d|%.*f]", 5, 42, 5, 42, 1, 2.55), "[   42|42   |2.5]");
   EXPECT_EQ(formatted("[%*d]", -5, 42), "[42   ]");
   EXPECT_EQ(formatted("%d %d %d", true, 'A', Side::kBack), "1 65 2");
