@@ -55,6 +55,14 @@ class Keyword {
     return fitsHead() && ((head_.word1 | head_.word2) & 0x8080808080808080) == 0;
   }
 
+  // Equal for equal keywords, 0 for the empty one. The higher bits are spread better.
+  [[nodiscard]] std::uint64_t hash() const {
+    const std::uint64_t hash =
+        spread(head_.word1, 0x9E3779B97F4A7C15) + spread(head_.word2, 0xC2B2AE3D27D4EB4F);
+    // A PPD may have many keywords that begin alike.
+    return fitsHead() ? hash : hash + hashOfRest();
+  }
+
   bool operator==(const Keyword& other) const {
     return head_ == other.head_ && (fitsHead() || text() == other.text());
   }
@@ -63,11 +71,16 @@ class Keyword {
   static constexpr std::size_t kWord = sizeof(std::uint64_t);
 
   static Head headOf(std::string_view text);
+  [[nodiscard]] std::uint64_t hashOfRest() const;
 
   static std::uint64_t wordAt(const char* bytes) {
     std::uint64_t word = 0;
     std::memcpy(&word, bytes, sizeof(word));
     return std::endian::native == std::endian::big ? __builtin_bswap64(word) : word;
+  }
+
+  static std::uint64_t spread(std::uint64_t word, std::uint64_t factor) {
+    return (word ^ (word >> 32)) * factor;
   }
 
   // The highest bit of the word's first NUL; 0 when it has none.

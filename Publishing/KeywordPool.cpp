@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
 
 namespace publishing {
 namespace {
@@ -39,18 +38,19 @@ void KeywordPool::reserve(std::size_t count) {
   count = std::max(count, entries_.size());
   text_.reserve(count * kUsualSize);
   entries_.reserve(count);
-  slots_.assign(std::bit_ceil(2 * count), kNone);
+  slots_.assign(std::bit_ceil(2 * std::max<std::size_t>(count, 1)), kNone);
+  hashShift_ = std::countl_zero(std::uint64_t{slots_.size()}) + 1;
   const std::size_t mask = slots_.size() - 1;
   for (Id id = 0; id < size(); ++id) {
-    std::size_t slot = hashOf(Keyword(first(id)), Keyword(second(id))) & mask;
+    std::size_t slot = homeOf(Keyword(first(id)), Keyword(second(id)));
     while (slots_[slot] != kNone)
       slot = (slot + 1) & mask;
     slots_[slot] = id;
   }
 }
 
-std::size_t KeywordPool::hashOfText(const Keyword& keyword) {
-  return std::hash<std::string_view>()(keyword.text());
+bool KeywordPool::holdsTexts(Id id, const Keyword& first, const Keyword& second) const {
+  return first.text() == this->first(id) && second.text() == this->second(id);
 }
 
 void KeywordPool::shrink() {

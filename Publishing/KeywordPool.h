@@ -59,42 +59,30 @@ class KeywordPool {
     std::uint32_t size2;
   };
 
-  static std::size_t hashOf(const Keyword& first, const Keyword& second);
-  static std::size_t hashOfText(const Keyword& keyword);
+  [[nodiscard]] bool holdsTexts(Id id, const Keyword& first, const Keyword& second) const;
+  // The slot to begin with.
+  [[nodiscard]] std::size_t homeOf(const Keyword& first, const Keyword& second) const {
+    return (first.hash() + 3 * second.hash()) >> hashShift_;
+  }
   [[nodiscard]] std::size_t slotOf(const Keyword& first, const Keyword& second) const;
 
   std::string text_;  // of all: first, NUL, second, NUL
   std::vector<Entry> entries_;
   std::vector<Id> slots_;  // hash table, a power of two large, at least half of it free
+  int hashShift_ = 0;      // leaves as many bits of a hash as number the slots
 };
-
-inline std::size_t KeywordPool::hashOf(const Keyword& first, const Keyword& second) {
-  const Keyword::Head& head1 = first.head();
-  const Keyword::Head& head2 = second.head();
-  const auto spread = [](std::uint64_t word, std::uint64_t factor) {
-    return (word ^ (word >> 32)) * factor;
-  };
-  const std::uint64_t sum =
-      spread(head1.word1, 0x9E3779B97F4A7C15) + spread(head1.word2, 0xC2B2AE3D27D4EB4F) +
-      spread(head2.word1, 0x165667B19E3779F9) + spread(head2.word2, 0xD6E8FEB86659FD93);
-  // A PPD may have many keywords that begin alike.
-  const std::size_t rest =
-      (first.fitsHead() ? 0 : hashOfText(first)) + (second.fitsHead() ? 0 : 3 * hashOfText(second));
-  return (sum >> 32) + rest;
-}
 
 inline bool KeywordPool::holds(Id id, const Keyword& first, const Keyword& second) const {
   const Entry& entry = entries_[id];
   return entry.head2 == second.head() && entry.head1 == first.head() &&
-         ((first.fitsHead() && second.fitsHead()) ||
-          (first.text() == this->first(id) && second.text() == this->second(id)));
+         ((first.fitsHead() && second.fitsHead()) || holdsTexts(id, first, second));
 }
 
 // The slot that holds the keyword or pair, or the free one where it belongs.
 inline std::size_t KeywordPool::slotOf(const Keyword& first, const Keyword& second) const {
   const Id* slots = slots_.data();
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = hashOf(first, second) & mask;
+  std::size_t slot = homeOf(first, second);
   while (slots[slot] != kNone && !holds(slots[slot], first, second))
     slot = (slot + 1) & mask;
   return slot;

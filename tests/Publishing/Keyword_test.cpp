@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
+#include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -93,6 +96,27 @@ TEST(Keyword, KnowsWhetherItIsEmptyShortAndASCII) {
   }
   EXPECT_TRUE(Keyword().isEmpty());
   EXPECT_EQ(Keyword().text(), "");
+}
+
+// A table of keywords is as quick as their hashes differ, also where a maker numbers its options.
+TEST(Keyword, HashesKeywordsThatDifferInOnePlaceApart) {
+  constexpr std::size_t kKeywords = 10'000;
+  constexpr int kShift = 64 - 15;  // leaves the number of one of 32,768 slots
+  const std::string_view beginning = "FinisherOptionOfTheThirdTrayBelow";
+  for (std::size_t place = 0; place <= beginning.size(); ++place) {
+    std::set<std::uint64_t> hashes;
+    std::set<std::uint64_t> slots;
+    for (std::size_t number = 0; number < kKeywords; ++number) {
+      const std::string digits = std::to_string(kKeywords + number);
+      const std::string text = std::string(beginning).insert(place, digits);
+      const std::uint64_t hash = Keyword(text).hash();
+      EXPECT_EQ(hash, Keyword(Field(text, 'x').bytes).hash()) << text;
+      hashes.insert(hash);
+      slots.insert(hash >> kShift);
+    }
+    EXPECT_EQ(hashes.size(), kKeywords) << place;
+    EXPECT_GT(slots.size(), 7'000U) << place;  // by chance it would be 8,614
+  }
 }
 
 TEST(Keyword, OfASmallArrayIsItsText) {
