@@ -7,6 +7,7 @@ void PublishingPDE::changeCmEnableState(CheckBox& sender) {
   state_.covermodeEnableState = sender.state();
   if (state_.covermodeEnableState == 1) {
     state_.transparencyinterleavingEnableState = 0;
+    state_.covermodeRadioButtonState = 1;
     CmFrontandBackMatrix->selectCellAtRow(0, 0);
   }
   updateUI();

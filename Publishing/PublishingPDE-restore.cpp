@@ -1,5 +1,4 @@
-// Taking the state from the job's print settings: what the controls show is set in them, and
-// updateUI reads it back into the state.
+// Taking the state from the job's print settings.
 #include "Publishing/NSStringMyExtension.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
@@ -16,15 +15,21 @@ bool PublishingPDE::restoreValuesAndReturnError() {
   return true;
 }
 
+// The check box itself is left to updateUI.
 void PublishingPDE::restoreCoverMode() {
   state_.covermodeEnableState = isPrintSettingOn(kCoverModeState) ? 1 : 0;
+  state_.covermodeRadioButtonState = 0;
   if (state_.covermodeEnableState == 0) return;
   state_.restoreFlag = true;
   state_.transparencyinterleavingEnableState = 0;
 
   if (!readPrintSetting(kCoverModeValue, state_.covermodeValue)) return;
   tickCoverSides();
-  restoreIndex(kCmIndex, *CmMediaType);
+  readPrintSetting(kCoverMediaType, state_.cmmediatype);
+  if (readPrintSetting(kCmIndex, state_.indexTempString)) {
+    state_.cmIndex = intValue(*state_.indexTempString);
+    CmMediaType->selectItemAtIndex(state_.cmIndex);
+  }
   if (readPrintSetting(kCovermodeRadioButtonState, state_.covermodeRadioButtonState)) {
     selectMatrixCell();
   }
@@ -36,15 +41,15 @@ void PublishingPDE::restorePageInsert() {
   state_.restoreFlag = true;
   state_.transparencyinterleavingEnableState = 0;
 
+  restorePageNumbers();
+  PiCheckBox->setState(1);
   if (readPrintSetting(kPageinsertValue, state_.pageinsertValue)) {
     tickInsertSides();
   }
-  restoreIndex(kPiIndex, *PiMediaType);
-}
-
-void PublishingPDE::restoreIndex(const char* key, PopUpButton& popUp) {
-  if (readPrintSetting(key, state_.indexTempString)) {
-    popUp.selectItemAtIndex(intValue(*state_.indexTempString));
+  readPrintSetting(kPageMediaType, state_.pimediatype);
+  if (readPrintSetting(kPiIndex, state_.indexTempString)) {
+    state_.piIndex = intValue(*state_.indexTempString);
+    PiMediaType->selectItemAtIndex(state_.piIndex);
   }
 }
 

@@ -135,7 +135,6 @@ class PublishingPDE final : public InterfaceOwner {
   void restoreCoverMode();
   void restorePageInsert();
   void restorePageNumbers();
-  void restoreIndex(const char* key, PopUpButton& popUp);
 
   [[nodiscard]] std::int64_t coverValueFromControls() const;
   void applyLayoutRule();
