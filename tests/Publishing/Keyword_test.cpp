@@ -60,6 +60,20 @@ TEST(Keyword, DiffersFromOneThatDiffersInAnyByte) {
   }
 }
 
+TEST(Keyword, EndsAtNoOtherByteThanNUL) {
+  for (std::string text : textsOfEveryLength()) {
+    for (char& byte : text) {
+      for (const char tried : {'\1', '\2', '\x7f', '\x80', '\x81', '\xff'}) {
+        const char before = std::exchange(byte, tried);
+        const Field field(text);
+        EXPECT_EQ(Keyword(field.bytes), Keyword(text)) << text.size() << ' ' << int{tried};
+        EXPECT_EQ(Keyword(field.bytes).text(), text);
+        byte = before;
+      }
+    }
+  }
+}
+
 TEST(Keyword, DiffersFromItsBeginning) {
   const auto texts = textsOfEveryLength();
   for (std::size_t length = 0; length < kField; ++length) {

@@ -288,10 +288,14 @@ TEST(MarkedChoices, OfOptionsThatDifferInCaseAreThoseOfTheFirst) {
 }
 
 TEST(MarkedChoices, OfOptionsThatDifferInCaseAreThoseOfTheFirstHoweverTheyAreMarked) {
-  HandmadePPD ppd(oneGroup({{"A", {"x", "y"}, "y"}, {"a", {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
-  expectMarksOfLibcups(ppd.get(), {"A", "a", "B"});
-  HandmadePPD second(oneGroup({{"A", {"x", "y"}}, {"a", {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
-  expectMarksOfLibcups(second.get(), {"A", "a", "B"});
+  for (const auto& [upper, lower] : {std::pair("A", "a"), std::pair("Z", "z")}) {
+    HandmadePPD both(
+        oneGroup({{upper, {"x", "y"}, "y"}, {lower, {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
+    expectMarksOfLibcups(both.get(), {upper, lower, "B"});
+    HandmadePPD second(
+        oneGroup({{upper, {"x", "y"}}, {lower, {"x", "y"}, "x"}, {"B", {"z"}, "z"}}));
+    expectMarksOfLibcups(second.get(), {upper, lower, "B"});
+  }
 }
 
 TEST(MarkedChoices, OfAnOptionInTwoGroupsAreThoseOfTheFirst) {
@@ -323,6 +327,8 @@ TEST(MarkedChoices, OfAKeywordThatFillsItsArrayAreNotFound) {
   HandmadePPD ppd(oneGroup({{full, {"x"}, "x"}, {"A", {"y"}, "y"}}));
   ASSERT_EQ(ppdFindMarkedChoice(ppd.get(), full.c_str()), nullptr);
   expectMarksOfLibcups(ppd.get(), {full.c_str(), "A"});
+  HandmadePPD alone(oneGroup({{full, {"x"}, "x"}}));
+  expectMarksOfLibcups(alone.get(), {full.c_str()});
 }
 
 TEST(MarkedChoices, NeedNoListsOfLibcups) {
