@@ -82,7 +82,7 @@ TEST(KeywordPool, FindsEachWhateverRoomIsMade) {
 TEST(KeywordPool, TellsApartWhatBeginsWithTheSameSixteenBytes) {
   KeywordPool pool;
   const std::vector<std::string> keywords = {"1234567890123456", "12345678901234567",
-                                             "1234567890123456A", "12345678901234567890"};
+                                             "1234567890123456A", "12345678901234567890", "12"};
   for (const std::string& first : keywords)
     for (const std::string& second : keywords)
       pool.add(Keyword(first), Keyword(second));

@@ -98,6 +98,7 @@ TEST(Keyword, KnowsWhetherItIsEmptyShortAndASCII) {
                                    {"12345678\xc3\xa9", false, true, false},
                                    {"123456789012345", false, true, true},
                                    {"1234567\xe9", false, true, false},
+                                   {"12345678901234\xe9", false, true, false},
                                    {"1234567890123456", false, false, false},
                                    {"12345678901234567", false, false, false}};
   for (const auto& [text, empty, fitsHead, shortASCII] : cases) {
