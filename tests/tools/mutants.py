@@ -28,6 +28,8 @@ DECLARES = {"const", "constexpr", "static", "using", "auto", "std", "inline", "n
 KEYWORDS = {"if", "for", "while", "return", "continue", "const", "auto", "true", "false", "nullptr",
             "nullopt", "std"}
 CONSTANT = re.compile(r"\bconst\b[^;=(){}]*?\b(\w+)\s*=|\b(k[A-Z]\w*)")
+# How much room is made ahead, or given back, changes no result.
+ROOM = re.compile(r"\b(reserve|shrink|shrink_to_fit)\(|\bkUsualSize =|\bkFewest =")
 # A table of bare numbers is data. Two mutants for each entry, all killed by the one test that
 # compares the table, would only flatter the figures.
 TABLE_ROW = re.compile(r"^\s*(0x[0-9A-F]+,\s*)+$")
@@ -42,9 +44,11 @@ def tokens(source):
 def token_faults(source, token):
     """(replacement, kind) of each fault in one token."""
     text = token.text
+    line = source[source.rfind("\n", 0, token.begin) + 1:source.find("\n", token.begin)]
+    if ROOM.search(line):
+        return
     if token.kind == "number":
-        row = source[source.rfind("\n", 0, token.begin) + 1:source.find("\n", token.begin)]
-        if TABLE_ROW.match(row):
+        if TABLE_ROW.match(line):
             return
         value = int(text, 8 if text[0] == "0" and text.isdigit() else 0)
         for changed in {0: [1], 1: [0, 2]}.get(value, [value - 1, value + 1]):
@@ -101,8 +105,9 @@ def variables(statement, constants):
     objects = [re.sub(r"(?:(?:\.|->)\w+|^\w+)\($", "", path) for path in paths]
     touched = {name for name in objects if name and name not in KEYWORDS | constants}
     # A method changes its object and not its arguments, an assignment what stands on the left.
-    changes_first_only = re.match(r"[\w.>-]+(?:->|\.)\w+\(|[\w.>-]+[-+]?=[^=]", text)
-    return ({objects[0]} if changes_first_only else touched), touched
+    action = re.sub(r"^if \(.*?\)(?=\w)", "", text)
+    changed = re.match(r"([\w.>-]+?)(?:(?:->|\.)\w+\(|[-+]?=[^=])", action)
+    return ({changed[1]} if changed else touched), touched
 
 
 def order_matters(first, second):
@@ -120,7 +125,7 @@ def statement_faults(source, all_tokens):
         if statement is None or len(statement) < 3 or not acts(statement):
             before = None
             continue
-        if any(token.text == "reserve" for token in statement):  # changes no result
+        if ROOM.search(source[statement[0].begin:statement[-1].end]):
             before = None
             continue
         begin, end = statement[0].begin, statement[-1].end
