@@ -45,6 +45,10 @@ EXPLAINED = {
      "std::uint64_t word = 1;"):
         OVERWRITTEN,
     ("Publishing/KeywordPool.h",
+     "return (first.hash() + 3 * second.hash()) >> hashShift_;",
+     "return (first.hash() - 3 * second.hash()) >> hashShift_;"):
+        ANOTHER_HASH,
+    ("Publishing/KeywordPool.h",
      "int hashShift_ = 0; // leaves as many bits of a hash as number the slots",
      "int hashShift_ = 1; // leaves as many bits of a hash as number the slots"):
         "Nothing is looked for before reserve has made slots and set it.",
