@@ -60,7 +60,8 @@ class KeywordPool {
   };
 
   [[nodiscard]] bool holdsTexts(Id id, const Keyword& first, const Keyword& second) const;
-  // The slot to begin with.
+
+  // The slot at which a search for the keyword or pair begins.
   [[nodiscard]] std::size_t homeOf(const Keyword& first, const Keyword& second) const {
     return (first.hash() + 3 * second.hash()) >> hashShift_;
   }
