@@ -3,9 +3,9 @@
 #include <iterator>
 
 #include "Publishing/CustomTextFieldFormatter.h"
-#include "Publishing/PPDFields.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
+#include "Publishing/ppd/PPDFields.h"
 
 namespace publishing {
 

@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "Publishing/NSStringMyExtension.h"
-#include "Publishing/PPDFields.h"
 #include "Publishing/PageListAlert.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
 #include "Publishing/Utilities.h"
 #include "Publishing/global.h"
 #include "Publishing/parseNum.h"
+#include "Publishing/ppd/PPDFields.h"
 
 namespace publishing {
 namespace {

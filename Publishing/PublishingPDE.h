@@ -9,12 +9,12 @@
 
 #include <cups/ppd.h>
 
-#include "Publishing/PPDInfo.h"
 #include "Publishing/PublishingSettings.h"
 #include "Publishing/platform/Bundle.h"
 #include "Publishing/platform/InterfaceOwner.h"
 #include "Publishing/platform/Outlet.h"
 #include "Publishing/platform/PDEPluginCallback.h"
+#include "Publishing/ppd/PPDInfo.h"
 
 namespace publishing {
 

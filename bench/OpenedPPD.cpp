@@ -3,7 +3,7 @@
 #include <ctime>
 #include <stdexcept>
 
-#include "Publishing/PPDFields.h"
+#include "Publishing/ppd/PPDFields.h"
 
 namespace publishing::bench {
 

@@ -7,7 +7,7 @@
 
 #include <cups/ppd.h>
 
-#include "Publishing/PPDInfo.h"
+#include "Publishing/ppd/PPDInfo.h"
 
 namespace publishing::bench {
 

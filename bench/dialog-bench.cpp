@@ -14,7 +14,7 @@
 #include <gtk/gtkunixprint.h>
 
 #include "shells/gtk/GObjectPtr.h"
-#include "shells/gtk/PrintDialogHost.h"
+#include "shells/gtk/dialog/PrintDialogHost.h"
 
 namespace {
 

@@ -13,11 +13,11 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include "Publishing/PPDInfo.h"
+#include "Publishing/ppd/PPDInfo.h"
 #include "bench/BuiltPPD.h"
 #include "bench/GeneratedPPD.h"
 #include "bench/OpenedPPD.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing::bench {
 namespace {

@@ -10,12 +10,12 @@
 #include <cups/ppd.h>
 #include <malloc.h>
 
-#include "Publishing/PPDFields.h"
-#include "Publishing/PPDInfo.h"
+#include "Publishing/ppd/PPDFields.h"
+#include "Publishing/ppd/PPDInfo.h"
 #include "bench/GeneratedPPD.h"
 #include "bench/OpenedPPD.h"
 #include "bench/RatioTable.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing::bench {
 namespace {

@@ -9,7 +9,7 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 # The PPD interface of libcups is deprecated as a whole and has no successor in libcups 2.
 add_compile_options(-Wno-deprecated-declarations)
 
-# Hardening, on for every build that it does not get in the way of; tests/tools/check-hardening looks
+# Hardening, on for every build that it does not get in the way of; tests/checks/check-hardening looks
 # for it in what was built.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES C CXX)

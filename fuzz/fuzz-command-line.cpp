@@ -14,8 +14,8 @@
 #include <nlohmann/json.hpp>
 
 #include "fuzz/Require.h"
-#include "programs/CommandLine.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "programs/commands/CommandLine.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing {
 namespace {

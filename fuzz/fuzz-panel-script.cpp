@@ -16,8 +16,8 @@
 
 #include "Publishing/parseNum.h"
 #include "fuzz/Require.h"
-#include "tests/tools/HeadlessStage.h"
-#include "tests/tools/PanelScript.h"
+#include "tests/support/HeadlessStage.h"
+#include "tests/support/PanelScript.h"
 
 namespace publishing {
 namespace {

@@ -10,13 +10,13 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "Publishing/PPDFields.h"
-#include "Publishing/PPDInfo.h"
 #include "Publishing/PublishingKeys.h"
+#include "Publishing/ppd/PPDFields.h"
+#include "Publishing/ppd/PPDInfo.h"
 #include "fuzz/Require.h"
 #include "printing/PrintError.h"
 #include "printing/Printer.h"
-#include "programs/PanelUser.h"
+#include "shells/headless/PanelUser.h"
 
 // libcups loses memory of its own with many a broken PPD.
 extern "C" int __lsan_is_turned_off();

@@ -9,7 +9,7 @@
 #include "fuzz/Require.h"
 #include "printing/JobTicket.h"
 #include "printing/StoredSettings.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing {
 namespace {

@@ -8,8 +8,8 @@
 #include <glib.h>
 #include <sys/stat.h>
 
+#include "base/Translation.h"
 #include "printing/PrintError.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

@@ -7,10 +7,10 @@
 
 #include <cups/cups.h>
 
+#include "base/Translation.h"
 #include "printing/CupsHandles.h"
 #include "printing/PrintError.h"
 #include "printing/PrintServer.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

@@ -8,9 +8,9 @@
 #include <glib.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/Translation.h"
 #include "printing/OptionEncoding.h"
 #include "printing/PrintError.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

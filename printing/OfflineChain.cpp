@@ -16,9 +16,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/Submission.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <glib.h>
 
+#include "base/Translation.h"
 #include "printing/PrintError.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/PrintServer.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

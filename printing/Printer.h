@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "printing/PPDDocument.h"
+#include "printing/ppd/PPDDocument.h"
 
 namespace publishing {
 

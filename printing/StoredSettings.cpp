@@ -16,10 +16,10 @@
 #include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/TextFile.h"
+#include "base/Translation.h"
 #include "printing/JobTicket.h"
 #include "printing/PrintError.h"
-#include "printing/TextFile.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

@@ -6,9 +6,9 @@
 
 #include <glib.h>
 
+#include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/PrintServer.h"
-#include "printing/Translation.h"
 
 namespace publishing {
 namespace {

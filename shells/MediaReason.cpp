@@ -1,6 +1,6 @@
 #include "shells/MediaReason.h"
 
-#include "printing/Translation.h"
+#include "base/Translation.h"
 
 namespace publishing {
 namespace {

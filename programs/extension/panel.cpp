@@ -1,9 +1,9 @@
 // The panel library's one door for the loader, which is plain C.
 #include <gtk/gtkunixprint.h>
 
-#include "printing/Translation.h"
+#include "base/Translation.h"
 #include "shells/gtk/Guarded.h"
-#include "shells/gtk/PrintDialogHost.h"
+#include "shells/gtk/dialog/PrintDialogHost.h"
 
 // Gives a print dialog of any program its panel. Throws nothing; a dialog that cannot have the
 // panel stays as it is, with a line in the log.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "printing/Translation.h"
+#include "base/Translation.h"
 
 extern "C" {
 #include "shells/gtk/resources.h"  // generated, C

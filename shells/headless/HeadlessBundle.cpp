@@ -1,6 +1,6 @@
 #include "shells/headless/HeadlessBundle.h"
 
-#include "printing/Translation.h"
+#include "base/Translation.h"
 
 namespace publishing {
 

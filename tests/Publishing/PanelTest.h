@@ -13,8 +13,8 @@
 
 #include "Publishing/PublishingPDE.h"
 #include "shells/headless/HeadlessInterface.h"
-#include "shells/headless/HeadlessPrintSettings.h"
-#include "tests/Publishing/PPDBuilder.h"
+#include "tests/Publishing/ppd/PPDBuilder.h"
+#include "tests/support/HeadlessPrintSettings.h"
 
 namespace publishing::test {
 

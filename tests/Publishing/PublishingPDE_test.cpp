@@ -1,8 +1,8 @@
 // What a host asks of the panel as a whole.
 #include "Publishing/PublishingPDE.h"
 
-#include "tests/Publishing/AllocationCount.h"
 #include "tests/Publishing/PanelTest.h"
+#include "tests/Publishing/ppd/AllocationCount.h"
 
 namespace publishing::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <sstream>
 
-#include "Publishing/PPDInfo.h"
+#include "Publishing/ppd/PPDInfo.h"
 #include "tests/corpus/Tally.h"
 
 namespace publishing::corpus {

@@ -7,8 +7,8 @@
 #include <random>
 #include <string_view>
 
-#include "Publishing/PPDFields.h"
-#include "Publishing/PPDInfo.h"
+#include "Publishing/ppd/PPDFields.h"
+#include "Publishing/ppd/PPDInfo.h"
 
 namespace publishing::corpus {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/Publishing/PPDBuilder.h"
+#include "tests/Publishing/ppd/PPDBuilder.h"
 #include "tests/corpus/TrayOracle.h"
 
 namespace publishing::corpus {

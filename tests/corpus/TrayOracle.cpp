@@ -8,7 +8,7 @@
 #include <cups/cups.h>
 #include <strings.h>
 
-#include "Publishing/PPDFields.h"
+#include "Publishing/ppd/PPDFields.h"
 
 namespace publishing::corpus {
 namespace {

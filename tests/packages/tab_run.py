@@ -1,14 +1,14 @@
 #!/usr/bin/python3
 """tab_run.py with|without: whether the print dialog of a program from Debian has the panel's tab.
 
-Runs under tests/tools/with-display with NO_AT_BRIDGE empty.
+Runs under tests/support/with-display with NO_AT_BRIDGE empty.
 """
 
 import os
 import sys
 import tempfile
 
-sys.path.insert(0, os.path.join(os.path.dirname(__file__), "../programs"))
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "../support"))
 from dialog_user import Program, check  # noqa: E402
 
 with tempfile.TemporaryDirectory() as folder:

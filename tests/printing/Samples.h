@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "printing/PrintError.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing {
 

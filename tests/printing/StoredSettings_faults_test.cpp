@@ -13,8 +13,8 @@
 #include "Publishing/PublishingKeys.h"
 #include "printing/StoredSettings.h"
 #include "tests/printing/Samples.h"
-#include "tests/tools/FileTrouble.h"
-#include "tests/tools/KilledChild.h"
+#include "tests/support/FileTrouble.h"
+#include "tests/support/KilledChild.h"
 
 namespace publishing {
 namespace {

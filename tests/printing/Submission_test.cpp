@@ -1,4 +1,4 @@
-// Against a real print server: see tests/tools/PrivateCups.h.
+// Against a real print server: see tests/cups/PrivateCups.h.
 #include "printing/Submission.h"
 
 #include <algorithm>
@@ -12,8 +12,8 @@
 #include "Publishing/PublishingKeys.h"
 #include "printing/JobStatus.h"
 #include "printing/PrintServer.h"
+#include "tests/cups/PrivateCups.h"
 #include "tests/printing/Samples.h"
-#include "tests/tools/PrivateCups.h"
 
 namespace publishing {
 namespace {

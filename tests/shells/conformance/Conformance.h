@@ -17,7 +17,7 @@
 
 #include "Publishing/platform/PrintSettings.h"
 #include "tests/shells/conformance/ControlsOwner.h"
-#include "tests/tools/PanelStage.h"
+#include "tests/support/PanelStage.h"
 
 namespace publishing {
 

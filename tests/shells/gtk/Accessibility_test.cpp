@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/shells/conformance/ControlsOwner.h"
-#include "tests/tools/GtkStage.h"
+#include "tests/support/GtkStage.h"
 
 namespace publishing {
 namespace {

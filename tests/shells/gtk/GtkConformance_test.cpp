@@ -1,5 +1,5 @@
 #include "tests/shells/conformance/Conformance.h"
-#include "tests/tools/GtkStage.h"
+#include "tests/support/GtkStage.h"
 
 namespace publishing {
 

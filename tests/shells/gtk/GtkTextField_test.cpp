@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "Publishing/CustomTextFieldFormatter.h"
-#include "tests/tools/GtkStage.h"
+#include "tests/support/GtkStage.h"
 
 namespace publishing {
 namespace {

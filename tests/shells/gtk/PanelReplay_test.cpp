@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/tools/GoldenScript.h"
-#include "tests/tools/GtkStage.h"
-#include "tests/tools/HeadlessStage.h"
+#include "tests/support/GoldenScript.h"
+#include "tests/support/GtkStage.h"
+#include "tests/support/HeadlessStage.h"
 
 namespace publishing {
 namespace {

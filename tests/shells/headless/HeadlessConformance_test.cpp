@@ -1,6 +1,6 @@
-#include "shells/headless/HeadlessPrintSettings.h"
 #include "tests/shells/conformance/Conformance.h"
-#include "tests/tools/HeadlessStage.h"
+#include "tests/support/HeadlessPrintSettings.h"
+#include "tests/support/HeadlessStage.h"
 
 namespace publishing {
 namespace {

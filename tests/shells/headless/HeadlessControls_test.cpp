@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "shells/headless/HeadlessBundle.h"
-#include "shells/headless/HeadlessPrintSettings.h"
-#include "tests/tools/HeadlessStage.h"
+#include "tests/support/HeadlessPrintSettings.h"
+#include "tests/support/HeadlessStage.h"
 
 namespace publishing {
 namespace {

@@ -1,0 +1,41 @@
+#include "programs/commands/CommandLine.h"
+
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include "base/Translation.h"
+#include "printing/PrintError.h"
+#include "programs/commands/DialogCommand.h"
+#include "programs/commands/ExtensionCommand.h"
+#include "programs/commands/MediaCommand.h"
+#include "programs/commands/PagesCommand.h"
+#include "programs/commands/PrintCommand.h"
+#include "programs/commands/SettingsCommand.h"
+
+namespace publishing {
+
+ExitStatus runCommandLine(int count, const char* const* arguments) {
+  CLI::App app(translated("Print with covers and inserted sheets on Zephrel printers"),
+               "publishing");
+  app.set_version_flag("--version", "publishing " PUBLISHING_VERSION);
+  app.require_subcommand(1);
+  ExitStatus status = kDone;
+  addPrintCommand(app, status);
+  addMediaCommand(app, status);
+  addPagesCommand(app, status);
+  addSettingsCommand(app, status);
+  addExtensionCommand(app, status);
+  addDialogCommand(app);
+  try {
+    app.parse(count, arguments);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  } catch (const PrintError& error) {
+    std::cerr << "publishing: " << error.what() << '\n';
+    return static_cast<ExitStatus>(error.exitStatus());
+  }
+  return status;
+}
+
+}  // namespace publishing

@@ -1,0 +1,193 @@
+#include "programs/commands/ExtensionCommand.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <glib.h>
+#include <nlohmann/json.hpp>
+
+#include "base/Translation.h"
+#include "programs/gtk-settings/GtkSettingsFile.h"
+#include "programs/gtk-settings/GtkSettingsPlaces.h"
+#include "shells/HostRules.h"
+#include "shells/PanelDump.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::json;
+using Change = GtkSettingsFile::Change;
+
+constexpr const char* kSwitch = "PUBLISHING_EXTENSION";
+constexpr const char* kRules = "/publishing/dialog/rules.ini";
+
+struct ExtensionOptions {
+  bool system = false;
+  bool json = false;
+};
+
+// What "status" tells, and what the other two tell of besides their change.
+struct State {
+  PrintBackends backends;
+  std::optional<std::string> library;
+  std::optional<std::string> switchedOffBy;
+
+  [[nodiscard]] bool isListed() const { return listsPublishing(backends.list); }
+};
+
+State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
+  State state = {printBackends(places, !options.system), printBackendLibrary(), {}};
+  const HostRules rules = HostRules::load();
+  if (!rules.extension) {
+    state.switchedOffBy = std::getenv(kSwitch) != nullptr ? kSwitch : shown(rules.file);
+  }
+  return state;
+}
+
+GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
+  if (!options.system) {
+    return {places.userFile, translated("Make it yours and writable; nothing was changed.")};
+  }
+  return {places.systemFile,
+          translated("It is the administrator's: put \"sudo\" before the command; nothing was "
+                     "changed.")};
+}
+
+void say(const std::string& text) {
+  std::cout << text << '\n';
+}
+
+void warn(const std::string& text) {
+  std::cerr << "publishing: " << text << '\n';
+}
+
+std::string nameOf(const PrintBackends& backends) {
+  return backends.file.empty() ? translated("GTK's own setting") : shown(backends.file);
+}
+
+void warnOf(const State& state) {
+  for (const std::string& warning : state.backends.warnings)
+    warn(warning);
+  if (!state.library) {
+    warn(translated("GTK does not find %s. Install the package %s.",
+                    "libprintbackend-publishing.so", "publishing-print-dialog"));
+  }
+  if (state.switchedOffBy) {
+    warn(translated("%s switches the panel off all the same.", *state.switchedOffBy));
+  }
+}
+
+json asJson(const State& state) {
+  const auto orNull = [](const auto& text) { return text ? json(*text) : json(nullptr); };
+  const std::string& file = state.backends.file;
+  return {{"backends", state.backends.list},
+          {"enabled", state.isListed()},
+          {"file", file.empty() ? json(nullptr) : json(file)},
+          {"library", orNull(state.library)},
+          {"switchedOffBy", orNull(state.switchedOffBy)},
+          {"works", state.isListed() && state.library && !state.switchedOffBy}};
+}
+
+const char* nameOf(Change change) {
+  if (change == Change::None) return "none";
+  return change == Change::Written ? "written" : "removed";
+}
+
+void writeChange(const std::string& file, Change change, const State& state) {
+  json result = asJson(state);
+  result["change"] = {{"file", file}, {"what", nameOf(change)}};
+  say(toLine(result));
+}
+
+ExitStatus runEnable(const ExtensionOptions& options) {
+  const auto places = GtkSettingsPlaces::here();
+  const GtkSettingsFile file = fileOf(places, options);
+  State state = stateOf(places, options);
+  Change change = Change::None;
+  if (!state.isListed()) {
+    change = file.enable(inheritedBackends(places, file.path()));
+    state = stateOf(places, options);
+  }
+  if (options.json) {
+    writeChange(file.path(), change, state);
+  } else if (change != Change::None) {
+    say(
+        translated("%s: the print backend \"publishing\" was added. Programs that you start from "
+                   "now on show the panel in their print dialogs.",
+                   shown(file.path())));
+  } else if (state.isListed()) {
+    say(translated("Nothing to do: %s lists \"publishing\" already.", nameOf(state.backends)));
+  }
+  warnOf(state);
+  if (state.isListed()) return kDone;
+  warn(
+      translated("%s has another list, which counts instead: gtk-print-backends=%s. Add "
+                 "\"publishing\" there.",
+                 nameOf(state.backends), shown(state.backends.list)));
+  return kRefused;
+}
+
+ExitStatus runDisable(const ExtensionOptions& options) {
+  const auto places = GtkSettingsPlaces::here();
+  const GtkSettingsFile file = fileOf(places, options);
+  const Change change = file.disable();
+  const State state = stateOf(places, options);
+  if (options.json) {
+    writeChange(file.path(), change, state);
+  } else if (change == Change::Written) {
+    say(translated("%s: the print backend \"publishing\" was taken out.", shown(file.path())));
+  } else if (change == Change::Removed) {
+    say(translated("%s was removed: it held nothing but the print backend \"publishing\".",
+                   shown(file.path())));
+  } else {
+    say(translated("Nothing to do: %s does not list \"publishing\".", shown(file.path())));
+  }
+  for (const std::string& warning : state.backends.warnings)
+    warn(warning);
+  if (!state.isListed()) return kDone;
+  warn(
+      options.system
+          ? translated("%s still lists \"publishing\". Take it out there.", nameOf(state.backends))
+          : translated("The panel is still on, because %s lists \"publishing\". Off for all users: "
+                       "sudo publishing extension disable --system. Off for you: Extension=false "
+                       "in the group [Dialog] of %s.",
+                       nameOf(state.backends), std::string(g_get_user_config_dir()) + kRules));
+  return kRefused;
+}
+
+ExitStatus runStatus(const ExtensionOptions& options) {
+  const State state = stateOf(GtkSettingsPlaces::here(), options);
+  if (options.json) {
+    say(toLine(asJson(state)));
+  } else {
+    say(translated(state.isListed() ? N_("enabled by %s: gtk-print-backends=%s")
+                                    : N_("not enabled by %s: gtk-print-backends=%s"),
+                   nameOf(state.backends), shown(state.backends.list)));
+    if (state.library) say(translated("library: %s", shown(*state.library)));
+  }
+  warnOf(state);
+  return kDone;
+}
+
+}  // namespace
+
+void addExtensionCommand(CLI::App& app, ExitStatus& status) {
+  auto options = std::make_shared<ExtensionOptions>();
+  CLI::App* extension =
+      app.add_subcommand("extension", translated("The panel in the print dialogs of all programs"));
+  extension->require_subcommand(1);
+  const auto add = [&](const char* name, const std::string& help, auto run) {
+    CLI::App* command = extension->add_subcommand(name, help);
+    command->add_flag("--system", options->system, translated("For all users, not for you alone"));
+    command->add_flag("--json", options->json, translated("Write the result as JSON"));
+    command->callback([options, run, &status] { status = run(*options); });
+  };
+  add("enable", translated("Switch the panel on"), runEnable);
+  add("disable", translated("Switch the panel off; undoes enable"), runDisable);
+  add("status", translated("Tell whether the panel is on, and what is missing"), runStatus);
+}
+
+}  // namespace publishing

@@ -1,0 +1,106 @@
+#include "programs/commands/MediaCommand.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "Publishing/PublishingKeys.h"
+#include "base/Translation.h"
+#include "printing/JobTicket.h"
+#include "programs/commands/JobOption.h"
+#include "programs/commands/PrinterOption.h"
+#include "shells/MediaReason.h"
+#include "shells/PanelDump.h"
+#include "shells/headless/PanelUser.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::json;
+
+struct MediaOptions {
+  PrinterOption printer;
+  std::vector<std::string> marks;
+  bool json = false;
+};
+
+// The items of one pop-up as the panel offers them.
+json mediaOf(PanelUser& user, const Printer& printer, const char* popUp, const char* option) {
+  const HeadlessPopUpButton& menu = user.popUp(popUp);
+  json items = json::array();
+  for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
+    json item = {{"choice", user.choiceOfItem(option, index)},
+                 {"text", menu.itemTitleAtIndex(index)},
+                 {"allowed", menu.isItemEnabledAtIndex(index)}};
+    if (!menu.isItemEnabledAtIndex(index)) {
+      item["reason"] = reasonAgainstMedia(user.panel(), printer, option, index);
+    }
+    items.push_back(std::move(item));
+  }
+  return {{"option", option}, {"items", std::move(items)}};
+}
+
+std::size_t longestChoice(const json& items) {
+  std::size_t longest = 0;
+  for (const json& item : items) {
+    longest = std::max(longest, shown(item["choice"]).size());
+  }
+  return longest;
+}
+
+void printMedia(const std::string& heading, const json& media) {
+  const json& items = media["items"];
+  std::cout << heading << " (" << media["option"].get<std::string>() << ")\n";
+  if (items.empty()) std::cout << "  " << translated("none") << '\n';
+  const auto width = static_cast<int>(longestChoice(items));
+  for (const json& item : items) {
+    std::cout << "  " << std::left << std::setw(width) << shown(item["choice"]) << "  "
+              << shown(item["text"]);
+    if (item.contains("reason")) {
+      std::cout << " (" << translated("not available: %s", item["reason"].get<std::string>())
+                << ')';
+    }
+    std::cout << '\n';
+  }
+}
+
+ExitStatus runMedia(const MediaOptions& options) {
+  Printer printer = options.printer.open();
+  JobTicket ticket = printer.newTicket();
+  setJobOptions(printer, ticket, options.marks);
+  PanelUser user(printer, ticket);
+  const json report = {{"printer", printer.name()},
+                       {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
+                       {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
+  if (options.json) {
+    std::cout << toLine(report) << '\n';
+  } else {
+    printMedia(translated("Cover media"), report["cover"]);
+    printMedia(translated("Insert media"), report["insert"]);
+  }
+  return kDone;
+}
+
+}  // namespace
+
+void addMediaCommand(CLI::App& app, ExitStatus& status) {
+  auto options = std::make_shared<MediaOptions>();
+  CLI::App* command =
+      app.add_subcommand("media", translated("List the media for covers and inserts"));
+  addPrinterOption(*command, options->printer);
+  command
+      ->add_option("--mark", options->marks,
+                   translated("List as if this choice of the printer were made (repeatable)"))
+      ->type_name("OPTION=CHOICE")
+      ->expected(1)
+      ->take_all();
+  command->add_flag("--json", options->json, translated("Write the result as JSON"));
+  command->callback([options, &status] { status = runMedia(*options); });
+}
+
+}  // namespace publishing

@@ -1,0 +1,78 @@
+#include "programs/commands/SettingsCommand.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+#include "base/Translation.h"
+#include "printing/PrintServer.h"
+#include "printing/StoredSettings.h"
+#include "shells/PanelDump.h"
+
+namespace publishing {
+namespace {
+
+struct SettingsOptions {
+  std::string queue;
+  bool json = false;
+};
+
+// Stored settings outlive their queue, so a queue that is named is not looked up on the server.
+std::string queueOf(const SettingsOptions& options) {
+  if (options.queue.empty()) return findDefaultQueue(connectToServer().get())->name;
+  checkQueueName(options.queue);
+  return options.queue;
+}
+
+ExitStatus runShow(const SettingsOptions& options) {
+  const std::string queue = queueOf(options);
+  const StoredSettings::Loaded loaded = StoredSettings().load(queue);
+  for (const std::string& warning : loaded.warnings)
+    std::cerr << "publishing: " << warning << '\n';
+  if (options.json) {
+    std::cout << toLine({{"queue", queue}, {"settings", loaded.values}}) << '\n';
+    return kDone;
+  }
+  for (const auto& [key, value] : loaded.values)
+    std::cout << key << '=' << value << '\n';
+  if (loaded.values.empty()) {
+    std::cerr << translated("Nothing is stored for %s.", queue) << '\n';
+  }
+  return kDone;
+}
+
+ExitStatus runClear(const SettingsOptions& options) {
+  const std::string queue = queueOf(options);
+  const bool cleared = StoredSettings().clear(queue);
+  if (options.json) {
+    std::cout << toLine({{"queue", queue}, {"cleared", cleared}}) << '\n';
+  } else {
+    std::cout << translated(cleared ? N_("The settings stored for %s are cleared.")
+                                    : N_("Nothing was stored for %s."),
+                            queue)
+              << '\n';
+  }
+  return kDone;
+}
+
+}  // namespace
+
+void addSettingsCommand(CLI::App& app, ExitStatus& status) {
+  auto options = std::make_shared<SettingsOptions>();
+  CLI::App* settings =
+      app.add_subcommand("settings", translated("Show or clear what is remembered for a queue"));
+  settings->require_subcommand(1);
+  const auto add = [&](const char* name, const std::string& help, auto run) {
+    CLI::App* command = settings->add_subcommand(name, help);
+    command->add_option("-d,--printer", options->queue,
+                        translated("Print queue (default: the user's)"));
+    command->add_flag("--json", options->json, translated("Write the result as JSON"));
+    command->callback([options, run, &status] { status = run(*options); });
+  };
+  add("show", translated("Show the stored settings"), runShow);
+  add("clear", translated("Forget the stored settings"), runClear);
+}
+
+}  // namespace publishing

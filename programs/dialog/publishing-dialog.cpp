@@ -1,0 +1,59 @@
+// publishing-dialog FILE: opens the desktop's print dialog for a PDF or PostScript file and prints
+// it. The dialog gets the panel "Publishing" as in every program: from the extension that GTK
+// loads.
+#include <clocale>
+#include <iostream>
+#include <string>
+
+#include <gtk/gtk.h>
+
+#include "base/Translation.h"
+#include "printing/Document.h"
+#include "printing/PrintError.h"
+#include "programs/commands/ExitStatus.h"
+#include "programs/dialog/DialogExtension.h"
+#include "programs/dialog/DocumentPrinter.h"
+#include "shells/gtk/GObjectPtr.h"
+
+namespace {
+
+using namespace publishing;
+
+int fail(const std::string& message, ExitStatus status) {
+  std::cerr << "publishing-dialog: " << message << '\n';
+  return status;
+}
+
+int printWithDialog(const std::string& path) {
+  const Document document(path);
+  DialogExtension::enable(gtk_settings_get_default());
+  const auto widget = shareGObject(
+      gtk_print_unix_dialog_new(translated("Print %s", document.defaultTitle()).c_str(), nullptr));
+  auto* dialog = GTK_PRINT_UNIX_DIALOG(widget.get());
+  DocumentPrinter printer(document, dialog);
+  const ExitStatus status = printer.run();
+  gtk_widget_destroy(widget.get());
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "");
+  bindTranslations();
+  try {
+    DialogExtension::makeFindable();
+    if (gtk_init_check(&argc, &argv) == 0) {
+      return fail(translated("There is no display to show a dialog on. Use: publishing print FILE"),
+                  kTrouble);
+    }
+    if (argc != 2 || argv[1][0] == '-') {
+      return fail(translated("Usage: publishing-dialog FILE"), kWrongUsage);
+    }
+    return printWithDialog(argv[1]);
+  } catch (const PrintError& error) {
+    return fail(error.what(), static_cast<ExitStatus>(error.exitStatus()));
+  } catch (const std::exception& error) {
+    return fail(error.what(), kTrouble);
+  }
+}

@@ -1,0 +1,104 @@
+#include "programs/gtk-settings/GtkSettingsFile.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "base/AtomicFile.h"
+#include "base/TextFile.h"
+#include "base/Translation.h"
+#include "printing/PrintError.h"
+
+namespace publishing {
+namespace {
+
+namespace fs = std::filesystem;
+using Change = GtkSettingsFile::Change;
+using Made = GtkSettingsText::Made;
+
+constexpr std::size_t kLargestFile = 1048576;  // bytes; a usual one has less than 1 KiB
+
+PrintError trouble(const std::string& message) {
+  return {PrintError::Kind::Trouble, message};
+}
+
+// The file itself, whatever links lead to it.
+fs::path targetOf(const std::string& path) {
+  if (!fs::is_symlink(path) || fs::exists(path)) return fs::weakly_canonical(path);
+  throw trouble(
+      translated("%s is a link to %s, which is not there. Make that file or remove the "
+                 "link; nothing was changed.",
+                 shown(path), shown(fs::read_symlink(path))));
+}
+
+// Nothing when there is no such file.
+std::optional<GtkSettingsText> readFile(const std::string& path) {
+  std::string reason;
+  auto text = textOfFile(path, kLargestFile, reason);
+  if (!reason.empty()) {
+    throw trouble(
+        translated("%s cannot be read: %s. Check its permissions and what it is; nothing "
+                   "was changed.",
+                   shown(path), reason));
+  }
+  if (!text) return std::nullopt;
+  GtkSettingsText settings(std::move(*text));
+  if (const auto fault = settings.fault()) {
+    throw trouble(
+        translated("GTK does not understand %s: %s. Mend the file or move it away; "
+                   "nothing was changed.",
+                   shown(path), *fault));
+  }
+  return settings;
+}
+
+// Runs the change with the file's target.
+template <class Action>
+Change changed(const std::string& path, const std::string& remedy, const Action& action) {
+  try {
+    return action(targetOf(path));
+  } catch (const std::system_error& error) {
+    const int code = error.code().value();
+    const bool forbidden = code == EACCES || code == EPERM;
+    throw trouble(translated("%s cannot be changed: %s. %s", shown(path), error.code().message(),
+                             forbidden ? remedy
+                                       : translated("Check the file system and its free space; "
+                                                    "nothing was changed.")));
+  }
+}
+
+}  // namespace
+
+Change GtkSettingsFile::enable(const std::string& inherited) const {
+  return changed(path_, remedy_, [&](const fs::path& target) {
+    const auto given = readFile(target);
+    GtkSettingsText settings = given.value_or(GtkSettingsText(""));
+    const bool folderIsNew = fs::create_directories(target.parent_path());
+    settings.enable(inherited, given ? Made::Group : folderIsNew ? Made::Folder : Made::File);
+    if (given && given->text() == settings.text()) return Change::None;
+    replaceFile(target, settings.text());
+    return Change::Written;
+  });
+}
+
+Change GtkSettingsFile::disable() const {
+  return changed(path_, remedy_, [&](const fs::path& target) {
+    const auto given = readFile(target);
+    if (!given) return Change::None;
+    GtkSettingsText settings = *given;
+    const Made made = settings.disable();
+    if (given->text() == settings.text()) return Change::None;
+    const bool ownFile = made == Made::File || made == Made::Folder;
+    if (!settings.text().empty() || !ownFile || fs::is_symlink(path_)) {
+      replaceFile(target, settings.text());
+      return Change::Written;
+    }
+    fs::remove(target);
+    std::error_code inUse;
+    if (made == Made::Folder) fs::remove(target.parent_path(), inUse);
+    return Change::Removed;
+  });
+}
+
+}  // namespace publishing

@@ -1,0 +1,45 @@
+#include "shells/gtk/dialog/DialogJob.h"
+
+#include <string_view>
+
+#include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/Guarded.h"
+
+namespace publishing {
+namespace {
+
+constexpr std::string_view kOptionPrefix = "cups-";
+
+Sides sidesOf(GtkPrintSettings* settings) {
+  switch (gtk_print_settings_get_duplex(settings)) {
+    case GTK_PRINT_DUPLEX_HORIZONTAL:
+      return Sides::TwoSidedLongEdge;
+    case GTK_PRINT_DUPLEX_VERTICAL:
+      return Sides::TwoSidedShortEdge;
+    default:
+      return Sides::OneSided;
+  }
+}
+
+void addOption(const gchar* key, const gchar* value, gpointer job) {
+  const std::string_view name = key;
+  if (!name.starts_with(kOptionPrefix) || value == nullptr) return;
+  guarded([&] {
+    static_cast<DialogJob*>(job)->options.emplace(name.substr(kOptionPrefix.size()), value);
+  });
+}
+
+}  // namespace
+
+DialogJob DialogJob::of(GtkPrintUnixDialog* dialog) {
+  const GObjectPtr<GtkPrintSettings> settings(gtk_print_unix_dialog_get_settings(dialog));
+  DialogJob job;
+  job.sides = sidesOf(settings.get());
+  job.reverse = gtk_print_settings_get_reverse(settings.get()) != 0;
+  const int pages = gtk_print_settings_get_number_up(settings.get());
+  if (JobTicket::isLayout(pages)) job.numberUp = pages;
+  gtk_print_settings_foreach(settings.get(), addOption, &job);
+  return job;
+}
+
+}  // namespace publishing

@@ -1,0 +1,118 @@
+#include "shells/gtk/dialog/DialogPage.h"
+
+#include <utility>
+
+#include "base/Translation.h"
+#include "shells/gtk/DisplayText.h"
+#include "shells/gtk/Guarded.h"
+
+namespace publishing {
+namespace {
+
+constexpr const char* kMessage = "message";
+constexpr const char* kPanel = "panel";
+constexpr int kSpacing = 12;
+constexpr int kMessageWidth = 50;  // characters
+
+}  // namespace
+
+DialogPage::DialogPage(const std::string& name, std::function<void()> help)
+    : content_(shareGObject(gtk_stack_new())),
+      label_(shareGObject(gtk_label_new(displayText(name).c_str()))),
+      help_(std::move(help)) {
+  const auto mapped = [](GtkWidget*, gpointer self) {
+    guarded([&] { static_cast<DialogPage*>(self)->drawMessage(); });
+  };
+  handlers_.connect(content(), "map", G_CALLBACK(+mapped), this);
+  gtk_widget_show(content());
+  gtk_widget_show(label());
+}
+
+void DialogPage::addMessage() {
+  GtkWidget* box = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
+  gtk_widget_set_valign(box, GTK_ALIGN_CENTER);
+  gtk_widget_set_halign(box, GTK_ALIGN_CENTER);
+  gtk_container_set_border_width(GTK_CONTAINER(box), 2 * kSpacing);
+  spinner_ = gtk_spinner_new();
+  message_ = gtk_label_new(nullptr);
+  gtk_label_set_line_wrap(GTK_LABEL(message_), TRUE);
+  gtk_label_set_max_width_chars(GTK_LABEL(message_), kMessageWidth);
+  gtk_label_set_justify(GTK_LABEL(message_), GTK_JUSTIFY_CENTER);
+  gtk_label_set_selectable(GTK_LABEL(message_), TRUE);
+  gtk_container_add(GTK_CONTAINER(box), spinner_);
+  gtk_container_add(GTK_CONTAINER(box), message_);
+  gtk_widget_show_all(box);
+  gtk_stack_add_named(GTK_STACK(content()), box, kMessage);
+}
+
+void DialogPage::addPanel() {
+  panelBox_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
+  gtk_container_set_border_width(GTK_CONTAINER(panelBox_), kSpacing);
+  GtkWidget* foot = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kSpacing);
+  summary_ = gtk_label_new(nullptr);
+  gtk_label_set_ellipsize(GTK_LABEL(summary_), PANGO_ELLIPSIZE_END);
+  gtk_label_set_xalign(GTK_LABEL(summary_), 0);
+  gtk_widget_set_hexpand(summary_, TRUE);
+  gtk_style_context_add_class(gtk_widget_get_style_context(summary_), "dim-label");
+  GtkWidget* help = gtk_button_new_with_mnemonic(translated("_Help").c_str());
+  const auto clicked = [](GtkButton*, gpointer self) {
+    guarded([&] { static_cast<DialogPage*>(self)->help_(); });
+  };
+  handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
+  gtk_container_add(GTK_CONTAINER(foot), summary_);
+  gtk_container_add(GTK_CONTAINER(foot), help);
+  gtk_box_pack_end(GTK_BOX(panelBox_), foot, FALSE, FALSE, 0);
+  gtk_widget_show_all(panelBox_);
+  gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
+}
+
+void DialogPage::removePanel() {
+  if (panel_ != nullptr) gtk_container_remove(GTK_CONTAINER(panelBox_), panel_);
+  panel_ = nullptr;
+}
+
+void DialogPage::showMessage(const std::string& text, bool waiting) {
+  showForNow(text, waiting);
+  gtk_widget_set_sensitive(label(), FALSE);
+  gtk_widget_set_tooltip_text(label(), text_.c_str());
+}
+
+void DialogPage::showForNow(const std::string& text, bool waiting) {
+  removePanel();
+  text_ = displayText(text);
+  isWaiting_ = waiting;
+  if (isInFront()) drawMessage();
+}
+
+void DialogPage::drawMessage() {
+  if (panel_ != nullptr) return;
+  if (message_ == nullptr) addMessage();
+  gtk_label_set_text(GTK_LABEL(message_), text_.c_str());
+  gtk_widget_set_visible(spinner_, isWaiting_);
+  g_object_set(spinner_, "active", isWaiting_, nullptr);
+  gtk_stack_set_visible_child_name(GTK_STACK(content()), kMessage);
+}
+
+void DialogPage::offerPanel(const std::string& name) {
+  const std::string text = displayText(name);
+  if (text != gtk_label_get_text(GTK_LABEL(label()))) {
+    gtk_label_set_text(GTK_LABEL(label()), text.c_str());
+  }
+  gtk_widget_set_sensitive(label(), TRUE);
+  gtk_widget_set_tooltip_text(label(), nullptr);
+}
+
+void DialogPage::showPanel(GtkWidget* view) {
+  removePanel();
+  if (panelBox_ == nullptr) addPanel();
+  panel_ = view;
+  gtk_box_pack_start(GTK_BOX(panelBox_), view, TRUE, TRUE, 0);
+  if (spinner_ != nullptr) g_object_set(spinner_, "active", FALSE, nullptr);
+  gtk_stack_set_visible_child_name(GTK_STACK(content()), kPanel);
+}
+
+void DialogPage::setSummary(const std::string& text) {
+  gtk_label_set_text(GTK_LABEL(summary_), displayText(text).c_str());
+}
+
+}  // namespace publishing

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Publishing/PublishingPDEPlugin.h"
+#include "printing/JobTicket.h"
+#include "printing/Printer.h"
+#include "printing/ppd/PPDDocument.h"
+#include "shells/PrintHost.h"
+#include "shells/gtk/GtkBundle.h"
+#include "shells/gtk/SignalHandlers.h"
+#include "shells/gtk/dialog/DialogJob.h"
+
+namespace publishing {
+
+// The panel on one printer, with the ticket of the job that a print dialog is making. Another
+// printer gets another one.
+class HostedPanel {
+ public:
+  // `job` is what the dialog says of a job that the user has not touched yet, `dataFolder` holds
+  // the help book; `changed` is called after the user switched a feature or the kind of cover, or
+  // picked a medium.
+  HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job, const std::string& dataFolder,
+              std::function<void()> changed);
+  HostedPanel(const HostedPanel&) = delete;
+  HostedPanel& operator=(const HostedPanel&) = delete;
+
+  // Whether the printer has options for the panel.
+  static bool suits(const Printer& printer);
+
+  // The panel's name for the user.
+  [[nodiscard]] const std::string& name() { return panel_->panelName(); }
+
+  // Whether the queue's stored settings or a medium that the user chose in the dialog's own tabs
+  // make a difference to the job already. `job` is what the dialog says now.
+  [[nodiscard]] bool matters(const DialogJob& job) const;
+
+  // Makes the panel's view, in which the stored settings of the queue are shown, and gives it; null
+  // when there is none. To be called once, before all that follows. Making it takes a few
+  // milliseconds, which a dialog whose user never looks at the tab need not spend.
+  GtkWidget* open(const DialogJob& job);
+
+  [[nodiscard]] bool isOpen() const { return isOpen_; }
+
+  // Takes over what the dialog's own tabs say, and shows the panel with it.
+  void follow(const DialogJob& job);
+
+  // Picks the media that the user chose in the dialog's own tabs, and switches their features on:
+  // media of the panel's options that differ from what the dialog showed last.
+  void takeMedia(const DialogJob& job);
+
+  // The media choices by PPD option that the dialog is to show: those of the features that are on,
+  // and the first choices of those that were on before. Marks them.
+  std::map<std::string, std::string> media();
+
+  // Notes that the dialog's own tabs show this medium of media() now.
+  void dialogShows(const std::string& option, const std::string& choice) {
+    dialogMedia_[option] = choice;
+  }
+
+  // Saves the panel's state. Nothing, after an alert, when the panel does not accept the page list;
+  // else all settings of the ticket, the panel's among them.
+  std::optional<JobTicket::Options> save();
+
+  // The conflicts among all choices of the job.
+  [[nodiscard]] std::vector<Conflict> conflicts() const { return printer_->ppd()->conflicts(); }
+
+  // Remembers saved settings for the queue's next job; trouble goes to the log only.
+  void remember(const JobTicket::Options& settings) const;
+
+  // One line: "Cover Mode: On · Page Insert: Off".
+  [[nodiscard]] std::string summary() const;
+
+  // Sets the tooltips of the controls that cannot be used.
+  void showReasons();
+
+  // Opens the help book; false when no viewer could be started.
+  bool showHelp() { return !panel_->shouldShowHelp(); }
+
+ private:
+  // A feature of the panel, by its controls and its medium's PPD option.
+  struct Feature {
+    const char* option;
+    const char* checkBox;
+    const char* popUp;
+    void (PublishingPDE::*switched)(CheckBox& sender);
+  };
+  static const Feature kFeatures[2];
+
+  void loadStored();
+  void takeJob(const DialogJob& job);
+  void watchControls();
+  void dropStoredIndexes();
+  [[nodiscard]] GtkInterface& interface() const { return *bundle_->interface(); }
+  [[nodiscard]] bool isOn(const Feature& feature) const;
+  [[nodiscard]] std::string mediumOf(const Feature& feature) const;
+  void pick(const Feature& feature, const std::string& medium);
+
+  std::unique_ptr<Printer> printer_;
+  JobTicket ticket_;
+  std::shared_ptr<GtkBundle> bundle_;
+  std::shared_ptr<PrintHost> host_;
+  PublishingPDEPlugin plugin_;
+  std::shared_ptr<PublishingPDE> panel_;
+  std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
+  std::map<std::string, bool> wasOn_;               // by PPD option
+  bool isOpen_ = false;
+  std::function<void()> changed_;
+  SignalHandlers handlers_;
+};
+
+}  // namespace publishing

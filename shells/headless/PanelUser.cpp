@@ -1,0 +1,206 @@
+#include "shells/headless/PanelUser.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "Publishing/PublishingKeys.h"
+#include "Publishing/global.h"
+#include "base/Translation.h"
+#include "printing/PrintError.h"
+#include "shells/MediaReason.h"
+#include "shells/PrintHost.h"
+
+namespace publishing {
+
+// A media pop-up and the PPD option behind it.
+struct PanelUser::Media {
+  const char* popUp;
+  const char* option;
+};
+
+const PanelUser::Media PanelUser::kCover = {"CmMediaType", cCoverMediaType};
+const PanelUser::Media PanelUser::kInsert = {"PiMediaType", cPageMediaType};
+
+// A side's name on the command line, its check box, and what it takes to be offered.
+struct PanelUser::Side {
+  const char* name;
+  const char* checkBox;
+  const char* condition;
+};
+
+namespace {
+
+constexpr const char* kNone = "none";
+constexpr const char* kNeedsTwoSided = N_("it needs two-sided printing (--sides)");
+constexpr const char* kNeedsBackCover = N_("it needs a back cover (--cover front-back)");
+constexpr const char* kNeedsBoth =
+    N_("it needs a back cover (--cover front-back) and two-sided printing (--sides)");
+constexpr const char* kAlwaysOffered = "";
+
+PrintError refused(const std::string& message) {
+  return {PrintError::Kind::Refused, message};
+}
+PrintError wrongUsage(const std::string& message) {
+  return {PrintError::Kind::Usage, message};
+}
+
+bool contains(const std::vector<std::string>& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+}  // namespace
+
+PanelUser::PanelUser(Printer& printer, JobTicket& ticket)
+    : printer_(printer),
+      bundle_(std::make_shared<HeadlessBundle>(
+          [this](const auto& title, const auto& message, const auto& /*defaultButton*/) {
+            alerts_.push_back(title + ": " + message);
+          })) {
+  plugin_.initWithBundle(bundle_);
+  auto host = std::make_shared<PrintHost>(printer, ticket);
+  panel_ = plugin_.PDEPanelsForType(kPrinterModulePanelType, host)->front();
+  panel_->panelView();
+  panel_->restoreValuesAndReturnError();
+  panel_->willShow();
+}
+
+void PanelUser::apply(const PanelRequest& request) {
+  applyCover(request);
+  applyInsert(request);
+}
+
+void PanelUser::applyCover(const PanelRequest& request) {
+  if (request.cover) {
+    if (*request.cover != kNone) requireMedia(kCover);
+    switchFeature("CmCheckBox", *request.cover != kNone);
+    HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix("CmFrontandBackMatrix");
+    const std::int64_t column = *request.cover == "front-back" ? 1 : 0;
+    // A click on the selected cell would untick its sides.
+    if (*request.cover != kNone && covers.selectedColumn() != column) covers.click(column);
+  }
+  if (!request.coverMedia && !request.coverSides) return;
+  if (panel_->state().covermodeEnableState != 1) {
+    throw wrongUsage(
+        translated("There is no cover: --cover-media and --cover-sides need --cover front or "
+                   "--cover front-back."));
+  }
+  if (request.coverMedia) choose(kCover, *request.coverMedia);
+  if (request.coverSides) {
+    tick({{"front-outside", "CmFrontOutside", kAlwaysOffered},
+          {"front-inside", "CmFrontInside", kNeedsTwoSided},
+          {"back-outside", "CmBackOutside", kNeedsBoth},
+          {"back-inside", "CmBackInside", kNeedsBackCover}},
+         *request.coverSides);
+  }
+}
+
+void PanelUser::applyInsert(const PanelRequest& request) {
+  if (request.insert) {
+    if (*request.insert != kNone) requireMedia(kInsert);
+    switchFeature("PiCheckBox", *request.insert != kNone);
+    if (*request.insert != kNone) typePages(*request.insert);
+  }
+  if (!request.insertMedia && !request.insertSides) return;
+  if (panel_->state().pageinsertEnableState != 1) {
+    throw wrongUsage(
+        translated("There are no inserts: --insert-media and --insert-sides need --insert LIST."));
+  }
+  if (request.insertMedia) choose(kInsert, *request.insertMedia);
+  if (request.insertSides) {
+    tick({{"front", "PiPrintOnFront", kAlwaysOffered}, {"back", "PiPrintOnBack", kNeedsTwoSided}},
+         *request.insertSides);
+  }
+}
+
+void PanelUser::switchFeature(const char* checkBox, bool on) {
+  HeadlessCheckBox& box = *bundle_->interface()->checkBox(checkBox);
+  if ((box.state() == 1) == on) return;
+  if (!box.isEnabled()) {
+    throw refused(
+        translated("Covers and inserts are not possible with reverse output order or several pages "
+                   "per side. Leave out --reverse and --number-up, or the covers and inserts."));
+  }
+  box.click();
+}
+
+void PanelUser::requireMedia(const Media& media) const {
+  if (popUp(media.popUp).numberOfItems() > 0) return;
+  throw refused(
+      translated("%s offers no media for this: its PPD has no choices of the option %s. "
+                 "Choose a printer that can do covers and inserts.",
+                 printer_.name(), media.option));
+}
+
+void PanelUser::choose(const Media& media, const std::string& wanted) {
+  const std::int64_t index = itemOf(media, wanted);
+  HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(media.popUp);
+  if (!popUp.isItemEnabledAtIndex(index)) {
+    throw refused(
+        translated("%s is not available: %s. Choose another medium or change that setting.",
+                   shown(popUp.itemTitleAtIndex(index)),
+                   reasonAgainstMedia(*panel_, printer_, media.option, index)));
+  }
+  popUp.choose(index);
+}
+
+const HeadlessPopUpButton& PanelUser::popUp(const char* name) const {
+  return *bundle_->interface()->popUpButton(name);
+}
+
+// Items stand for the option's choices one by one, in order.
+std::string PanelUser::choiceOfItem(const char* option, std::int64_t index) const {
+  return printer_.ppd()->choices(option).at(static_cast<std::size_t>(index)).choice;
+}
+
+std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) const {
+  const HeadlessPopUpButton& menu = popUp(media.popUp);
+  std::optional<std::int64_t> byText;
+  std::string known;
+  for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
+    const std::string choice = choiceOfItem(media.option, index);
+    if (choice == wanted) return index;
+    if (!byText && menu.itemTitleAtIndex(index) == wanted) byText = index;
+    known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));
+  }
+  if (byText) return *byText;
+  throw refused(
+      translated("%s has no medium \"%s\". It has:%s", printer_.name(), shown(wanted), known));
+}
+
+void PanelUser::tick(const std::vector<Side>& sides, const std::vector<std::string>& wanted) {
+  for (const std::string& name : wanted) {
+    const bool known = std::any_of(sides.begin(), sides.end(),
+                                   [&name](const Side& side) { return side.name == name; });
+    if (!known && name != kNone)
+      throw wrongUsage(translated("There is no side \"%s\".", shown(name)));
+  }
+  for (const Side& side : sides) {
+    HeadlessCheckBox& box = *bundle_->interface()->checkBox(side.checkBox);
+    const bool on = contains(wanted, side.name);
+    if (on && !box.isEnabled()) {
+      throw refused(
+          translated("The side %s cannot be printed: %s.", side.name, translated(side.condition)));
+    }
+    if ((box.state() == 1) != on) box.click();
+  }
+}
+
+void PanelUser::typePages(const std::string& list) {
+  HeadlessTextField& field = *bundle_->interface()->textField("PiPageNum");
+  field.type(list);
+  if (field.stringValue() != list) {
+    throw refused(translated("%s: %s \"%s\" holds other characters than digits, \"-\" and \",\".",
+                             translated(kNumError), translated(kEnterNum), shown(list)));
+  }
+}
+
+void PanelUser::save() {
+  if (panel_->saveValuesAndReturnError()) return;
+  std::string message;
+  for (const std::string& alert : alerts_)
+    message += (message.empty() ? "" : "\n") + alert;
+  alerts_.clear();
+  throw refused(message);
+}
+
+}  // namespace publishing

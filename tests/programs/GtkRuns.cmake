@@ -1,0 +1,67 @@
+# Whole runs from outside, through the accessibility bus, on a display of their own.
+set(run_environment NO_AT_BRIDGE= PYTHONDONTWRITEBYTECODE=1
+  "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support")
+set(with_display "${PROJECT_SOURCE_DIR}/tests/support/with-display")
+function(publishing_add_run name script)
+  add_test(NAME ${name}
+    COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
+      /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
+endfunction()
+
+publishing_add_run(publishing-dialog-run dialog/publishing-dialog_run.py
+  $<TARGET_FILE:publishing-dialog> "${PROJECT_SOURCE_DIR}")
+
+# The extension in the print dialogs of programs that know nothing of it.
+add_subdirectory(extension/strangers)
+find_program(EVINCE evince REQUIRED)
+find_program(MOUSEPAD mousepad REQUIRED)
+if(NOT PUBLISHING_SANITIZE)
+  set(foreign evince mousepad)  # they have no sanitizer, which libraries with one need
+endif()
+foreach(case
+    # whole runs: the tab, a veto, a job, the stored state
+    operation operation-async own-dialog header-bar gtkmm ${foreign} hidden-functions
+    # without the tab
+    switched-off switched-off-by-rule another-gtk no-panel-library other-panel-library
+    setting-cleared
+    # more than one dialog, other printers, faults
+    twice-in-own-dialog twice-in-operation replaced-meanwhile two-at-once other-printers broken-ppd
+    process-untouched)
+  publishing_add_run(extension-${case} extension/extension_run.py
+    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${case})
+endforeach()
+if(NOT PUBLISHING_SANITIZE)
+  publishing_add_run(extension-portal extension/portal_run.py "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
+endif()
+add_custom_target(extension-table
+  COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
+    /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/extension_run.py"
+    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" --table
+  USES_TERMINAL VERBATIM)
+add_dependencies(extension-table publishing-extension print-dialog print-operation gtkmm-print)
+
+# Errors and losses of memory in ten dialogs; takes some minutes.
+add_custom_target(memcheck
+  COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1
+    "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support" "${with_display}"
+    /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/memcheck_run.py"
+    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}"
+  USES_TERMINAL VERBATIM)
+add_dependencies(memcheck publishing publishing-extension many-dialogs)
+
+# Pictures in the build folder, with those of the target screenshots.
+add_custom_target(program-screenshots
+  COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
+    /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/program_screenshots.py"
+    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/screenshots"
+  VERBATIM)
+add_dependencies(program-screenshots publishing-extension)
+add_dependencies(screenshots program-screenshots)
+
+# The same from where everything was installed to.
+add_test(NAME install
+  COMMAND ${CMAKE_COMMAND} --install "${CMAKE_BINARY_DIR}" --prefix "${CMAKE_BINARY_DIR}/installed")
+publishing_add_run(installed-dialog-run dialog/publishing-dialog_run.py
+  "${CMAKE_BINARY_DIR}/installed/bin/publishing-dialog" "${PROJECT_SOURCE_DIR}")
+set_tests_properties(install PROPERTIES FIXTURES_SETUP installed)
+set_tests_properties(installed-dialog-run PROPERTIES FIXTURES_REQUIRED installed)

@@ -1,0 +1,169 @@
+// The program publishing as a user calls it, against a real print server.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/cups/PrivateCups.h"
+#include "tests/support/Program.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::json;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::Pair;
+
+using Words = std::vector<std::string>;
+
+const auto* const environment = ::testing::AddGlobalTestEnvironment(new PrivateCups);
+
+constexpr const char* kQueue = "Zephrel_PS_9000";
+constexpr const char* kReport = TEST_DATA "/report.pdf";
+
+class PublishingOnServer : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    PrivateCups::instance().addQueue(kQueue, TEST_DATA "/zephrel-ps-9000.ppd");
+    PrivateCups::instance().addQueue("Second", TEST_DATA "/zephrel-ps-9000.ppd");
+  }
+
+  void TearDown() override {
+    for (const char* file : {"/fail", "/block"})
+      std::filesystem::remove(cups_.out() + file);
+  }
+
+  [[nodiscard]] Outcome run(Words words) const {
+    words.insert(words.begin(), PUBLISHING_PROGRAM);
+    return runProgram(words,
+                      {{"CUPS_SERVER", cups_.server()}, {"XDG_CONFIG_HOME", config_.path()}});
+  }
+
+  [[nodiscard]] Outcome print(const Words& options) const {
+    Words words = {"print", "-d", kQueue};
+    words.insert(words.end(), options.begin(), options.end());
+    words.emplace_back(kReport);
+    return run(words);
+  }
+
+  [[nodiscard]] json stored(const std::string& queue = kQueue) const {
+    return json::parse(run({"settings", "show", "-d", queue, "--json"}).output)["settings"];
+  }
+
+  // The queue's jobs that the server knows, finished ones too.
+  [[nodiscard]] std::ptrdiff_t jobs() const {
+    const Outcome outcome =
+        runProgram({"/usr/bin/lpstat", "-W", "all", "-o"}, {{"CUPS_SERVER", cups_.server()}});
+    return std::count(outcome.output.begin(), outcome.output.end(), '\n');
+  }
+
+  PrivateCups& cups_ = PrivateCups::instance();
+  TemporaryFolder config_;
+};
+
+TEST_F(PublishingOnServer, PrintsCoversAndInserts) {
+  const Outcome outcome =
+      print({"--sides", "two-sided-long-edge", "--cover", "front-back", "--cover-media", "Tray2",
+             "--cover-sides", "front-outside", "--insert", "5,8,12-14", "--insert-media", "Tray3",
+             "--wait", "--json"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  const json report = json::parse(outcome.output);
+  EXPECT_EQ(report["state"], "completed");
+
+  const int job = report["job"];
+  EXPECT_THAT(cups_.received(job, "data"),
+              AllOf(HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
+                    HasSubstr("%%BeginFeature: *PageMediaType Tray3"),
+                    HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble")));
+  EXPECT_THAT(cups_.receivedOptions(job),
+              ::testing::IsSupersetOf(
+                  {Pair("VtCoverModeState", "On"), Pair("VtCoverModeValue", "1"),
+                   Pair("VtPageinsertNums", "5,8,12,13,14,"), Pair("CoverMediaType", "Tray2"),
+                   Pair("sides", "two-sided-long-edge")}));
+}
+
+TEST_F(PublishingOnServer, RemembersTheChoicesOfEachQueue) {
+  ASSERT_EQ(print({"--cover", "front", "--insert", "4,7", "--remember"}).status, 0);
+  EXPECT_EQ(stored()["VtPageinsertNums"], "4,7,");
+  EXPECT_THAT(stored("Second"), IsEmpty());
+
+  const auto summary = [this](const Words& options) {
+    Words words = {"--dry-run", "--json"};
+    words.insert(words.end(), options.begin(), options.end());
+    return json::parse(print(words).output)["summary"];
+  };
+  EXPECT_EQ(summary({}), json({{"Cover Mode", "On"}, {"Page Insert", "On"}}));
+  EXPECT_EQ(summary({"--fresh"}), json({{"Cover Mode", "Off"}, {"Page Insert", "Off"}}));
+  EXPECT_EQ(summary({"--insert", "none"}), json({{"Cover Mode", "On"}, {"Page Insert", "Off"}}));
+
+  EXPECT_EQ(run({"settings", "clear", "-d", kQueue}).status, 0);
+  EXPECT_THAT(stored(), IsEmpty());
+}
+
+TEST_F(PublishingOnServer, SendsAndStoresNothingForARefusedPageList) {
+  ASSERT_EQ(print({"--insert", "4,7", "--remember"}).status, 0);
+  const json before = stored();
+  const std::ptrdiff_t jobsBefore = jobs();
+  for (const char* list : {"", "5-5", "1", "2-12", "x"}) {
+    const Outcome outcome = print({"--insert", list, "--remember"});
+    EXPECT_EQ(outcome.status, 1) << list;
+    EXPECT_THAT(outcome.errors, HasSubstr("Page Number Error"));
+  }
+  EXPECT_EQ(jobs(), jobsBefore);
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_F(PublishingOnServer, StopsAtConflictsUnlessTheUserInsists) {
+  const Words conflicting = {"--option", "MediaType=Thick"};
+  const std::ptrdiff_t jobsBefore = jobs();
+  const Outcome refused = print(conflicting);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors,
+              AllOf(HasSubstr("Media Type: Thick Paper (épais)"), HasSubstr("Paper Source: Tray 1"),
+                    HasSubstr("--ignore-conflicts")));
+  EXPECT_EQ(jobs(), jobsBefore);
+  EXPECT_EQ(print({"--option", "MediaType=Thick", "--ignore-conflicts"}).status, 0);
+  EXPECT_EQ(jobs(), jobsBefore + 1);
+}
+
+TEST_F(PublishingOnServer, TellsWhatBecameOfAFailedJob) {
+  std::ofstream(cups_.out() + "/fail") << "1\nThe tray is empty\n";
+  const Outcome outcome = print({"--wait", "--json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(json::parse(outcome.output)["state"], "failed");
+  EXPECT_THAT(outcome.errors, Not(IsEmpty()));
+}
+
+TEST_F(PublishingOnServer, NamesTheQueuesWhenOneIsUnknown) {
+  const Outcome outcome = run({"print", "-d", "Nowhere", kReport});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("Nowhere"), HasSubstr(kQueue), HasSubstr("Second")));
+}
+
+TEST_F(PublishingOnServer, UsesTheDefaultQueue) {
+  const Outcome outcome = run({"media", "--json"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_EQ(json::parse(outcome.output)["printer"], kQueue);
+}
+
+// A folder cannot be made where a file stands, whoever the user is.
+TEST_F(PublishingOnServer, PrintsNothingWhenTheSettingsCannotBeStored) {
+  const std::ptrdiff_t jobsBefore = jobs();
+  std::ofstream(config_ / "publishing") << "in the way";
+  const Outcome outcome = print({"--cover", "front", "--remember"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors, HasSubstr(config_ / "publishing"));
+  EXPECT_EQ(jobs(), jobsBefore);
+}
+
+}  // namespace
+}  // namespace publishing

@@ -1,0 +1,368 @@
+// The program publishing as a user calls it, without a print server.
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/support/Program.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::json;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+using Words = std::vector<std::string>;
+
+constexpr const char* kPPD = "tests/data/zephrel-ps-9000.ppd";
+
+class Publishing : public ::testing::Test {
+ protected:
+  Publishing() : document_(write("document.ps", "%!PS\nshowpage\n")) {}
+
+  // No server is reached: nothing listens at this address.
+  [[nodiscard]] Outcome run(Words words) const {
+    words.insert(words.begin(), PUBLISHING_PROGRAM);
+    return runProgram(words, {{"CUPS_SERVER", "127.0.0.1:1"}, {"XDG_CONFIG_HOME", folder_.path()}});
+  }
+
+  // "print" on the PPD, without printing.
+  [[nodiscard]] Outcome dryRun(const Words& options) const {
+    Words words = {"print", "--ppd", kPPD, "--dry-run", "--json"};
+    words.insert(words.end(), options.begin(), options.end());
+    words.push_back(document_);
+    return run(words);
+  }
+
+  [[nodiscard]] std::string write(const std::string& name, const std::string& content) const {
+    return folder_.file(name, content);
+  }
+
+  [[nodiscard]] std::string path(const std::string& name) const { return folder_ / name; }
+
+  TemporaryFolder folder_;
+  std::string document_;
+};
+
+TEST_F(Publishing, SpeaksTheLanguageOfTheUser) {
+  const auto complaint = [](const char* language) {
+    return runProgram({PUBLISHING_PROGRAM, "pages", "5-5"},
+                      {{"PUBLISHING_LOCALE_DIR", LOCALE_FOLDER}, {"LANGUAGE", language}})
+        .errors;
+  };
+  EXPECT_EQ(
+      complaint("de"),
+      "publishing: Fehler in den Seitenzahlen: Die letzte Seitenzahl eines Bereichs muss größer "
+      "sein als die erste.\n");
+  EXPECT_EQ(complaint("zh_CN"), "publishing: 页码错误: 页面范围的结束页码必须大于起始页码。\n");
+  EXPECT_EQ(
+      complaint("C"),
+      "publishing: Page Number Error: The ending page number of range should be bigger than the "
+      "beginning page number.\n");
+}
+
+TEST_F(Publishing, ReportsInEnglishForPrograms) {
+  const std::map<std::string, std::string> german = {{"PUBLISHING_LOCALE_DIR", LOCALE_FOLDER},
+                                                     {"LANGUAGE", "de"},
+                                                     {"XDG_CONFIG_HOME", folder_.path()}};
+  const Words words = {PUBLISHING_PROGRAM, "print",   "--ppd", kPPD,
+                       "--dry-run",        "--cover", "front", document_};
+  EXPECT_THAT(runProgram(words, german).output,
+              HasSubstr("Deckblätter: Ein, Zwischenblätter: Aus\n"));
+  Words asJson = words;
+  asJson.insert(asJson.begin() + 2, "--json");
+  EXPECT_EQ(json::parse(runProgram(asJson, german).output)["summary"],
+            json({{"Cover Mode", "On"}, {"Page Insert", "Off"}}));
+}
+
+TEST_F(Publishing, ChecksPageLists) {
+  struct Case {
+    Words words;
+    int status;
+    const char* report;
+  };
+  const Case cases[] = {
+      {{"5,8,12-14"}, 0, R"({"result":0,"count":5,"pages":[5,8,12,13,14]})"},
+      {{"2"}, 0, R"({"result":0,"count":1,"pages":[2]})"},
+      {{"--cover-value", "3", "2"}, 1, R"({"result":-2,"count":0,"pages":[]})"},
+      {{"--cover-value", "3", "2-4"}, 0, R"({"result":0,"count":3,"pages":[2,3,4]})"},
+      {{"--two-sided", "--cover-value", "3", "2-4"}, 1, R"({"result":-2,"count":0,"pages":[]})"},
+      {{"9,4,x"}, 1, R"({"result":-1,"count":2,"pages":[9,4]})"},
+      {{"5-5"}, 1, R"({"result":-4,"count":0,"pages":[]})"},
+      {{"2-12"}, 1, R"({"result":-3,"count":0,"pages":[]})"},
+      {{"-5"}, 1, R"({"result":-2,"count":0,"pages":[]})"},
+  };
+  for (const Case& check : cases) {
+    Words words = {"pages", "--json"};
+    words.insert(words.end(), check.words.begin(), check.words.end());
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.status, check.status) << words.back();
+    EXPECT_EQ(outcome.output, std::string(check.report) + "\n");
+  }
+}
+
+TEST_F(Publishing, TellsWhatIsWrongWithAPageList) {
+  const Outcome outcome = run({"pages", "5-5"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors,
+            "publishing: Page Number Error: The ending page number of range should be bigger than "
+            "the beginning page number.\n");
+}
+
+TEST_F(Publishing, AcceptsMorePagesThanTheLimitFromRanges) {
+  const Outcome outcome = run({"pages", "--json", "2-10,12-20"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(json::parse(outcome.output)["count"], 18);
+}
+
+TEST_F(Publishing, ListsMediaWithTheReasonAgainstTheUnavailable) {
+  const Outcome outcome =
+      run({"media", "--ppd", kPPD, "--mark", "MediaType=Transparency", "--json"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  const json items = json::parse(outcome.output)["cover"]["items"];
+  ASSERT_EQ(items.size(), 11U);
+  EXPECT_EQ(items[7], json({{"choice", "Tray2"},
+                            {"text", "Tray 2"},
+                            {"allowed", false},
+                            {"reason", "conflicts with Media Type: Transparency"}}));
+  EXPECT_EQ(items[8], json({{"choice", "Tray3"}, {"text", "Tray 3"}, {"allowed", true}}));
+}
+
+TEST_F(Publishing, HandsTheMediaToThePrinterInPostScript) {
+  const std::string output = path("out.ps");
+  const Outcome outcome =
+      run({"print", "--ppd", kPPD, "-o", output, "--sides", "two-sided-long-edge", "--cover",
+           "front-back", "--cover-media", "Tray2", "--insert", "5,8,12-14", "--insert-media",
+           "Tray 3", document_});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_THAT(contentsOfFile(output), AllOf(HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
+                                            HasSubstr("%%BeginFeature: *PageMediaType Tray3"),
+                                            HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble")));
+}
+
+TEST_F(Publishing, DryRunReportsStateAndJob) {
+  const Outcome outcome =
+      dryRun({"--sides", "two-sided-long-edge", "--cover", "front-back", "--cover-media", "Coated",
+              "--cover-sides", "front-outside,back-outside", "--insert", "7,3,7", "--insert-sides",
+              "front,back"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  const json report = json::parse(outcome.output);
+  EXPECT_EQ(report["summary"], json({{"Cover Mode", "On"}, {"Page Insert", "On"}}));
+  EXPECT_EQ(report["job"], json());
+  EXPECT_EQ(report["options"]["CoverMediaType"], "Coated");
+  EXPECT_EQ(report["options"]["VtCoverModeValue"], "5");
+  EXPECT_EQ(report["options"]["VtPageinsertNums"], "3,7,");
+  EXPECT_EQ(report["options"]["VtPageinsertValue"], "3");
+  EXPECT_EQ(report["options"]["sides"], "two-sided-long-edge");
+}
+
+TEST_F(Publishing, DumpsThePanelAsPanelScriptsDo) {
+  const std::string script = write("script.txt", std::string("ppd ") + kPPD +
+                                                     "\nduplex 2\nview\nrestore\nshow\n"
+                                                     "click CmCheckBox\nradio 1\n"
+                                                     "choose CmMediaType 7\nclick CmBackInside\n"
+                                                     "click PiCheckBox\ntype 5,8\nsave\ndump\n");
+  const Outcome scripted = runProgram({PANEL_SCRIPT, script});
+  const json expected = json::parse(
+      scripted.output.substr(scripted.output.rfind('\n', scripted.output.size() - 2) + 1));
+  const Outcome outcome =
+      dryRun({"--sides", "two-sided-long-edge", "--cover", "front-back", "--cover-media", "Tray2",
+              "--cover-sides", "back-inside", "--insert", "5,8"});
+  ASSERT_EQ(outcome.status, 0) << outcome.errors;
+  const json report = json::parse(outcome.output);
+  EXPECT_EQ(report["controls"], expected["controls"]);
+  EXPECT_EQ(report["fields"], expected["fields"]);
+  for (const auto& [key, value] : expected["settings"].items()) {
+    EXPECT_EQ(report["settings"][key], value) << key;
+  }
+}
+
+TEST_F(Publishing, RefusesWhatThePanelRefuses) {
+  struct Case {
+    Words options;
+    int status;
+    const char* message;
+  };
+  const Case cases[] = {
+      {{"--insert", ""}, 1, "Page Number Error: Please type a page range."},
+      {{"--insert", "-5"}, 1, "Please enter your specified pages."},
+      {{"--insert", "5-5"}, 1, "should be bigger than the beginning page number."},
+      {{"--insert", "512"}, 1, "You can only enter page numbers between 2 and 511."},
+      {{"--insert", "2-12"}, 1, "You can only insert up to 10 pages."},
+      {{"--insert", "5,x"}, 1, "\"5,x\" holds other characters than digits, \"-\" and \",\"."},
+      {{"--insert", "5\n8"}, 1, "holds other characters"},
+      {{"--insert", "5\xff"}, 1, "holds other characters"},
+      {{"--cover", "front", "--cover-media", "Nope"}, 1, "has no medium \"Nope\""},
+      {{"--option", "MediaType=Transparency", "--cover", "front", "--cover-media", "Tray2"},
+       1,
+       "Tray 2 is not available: conflicts with Media Type: Transparency."},
+      {{"--cover", "front", "--cover-sides", "front-inside"}, 1, "needs two-sided printing"},
+      {{"--cover", "front", "--cover-sides", "back-inside"}, 1, "needs a back cover"},
+      {{"--cover", "front", "--reverse"}, 1, "Leave out --reverse and --number-up"},
+      {{"--insert", "5", "--number-up", "2"}, 1, "Leave out --reverse and --number-up"},
+      {{"--option", "MediaType=Thick"}, 1, "Media Type: Thick Paper (épais)"},
+  };
+  for (const Case& check : cases) {
+    const Outcome outcome = dryRun(check.options);
+    EXPECT_EQ(outcome.status, check.status) << check.message << outcome.errors;
+    EXPECT_THAT(outcome.errors, HasSubstr(check.message));
+    EXPECT_EQ(outcome.output, "");
+  }
+}
+
+TEST_F(Publishing, AnswersWrongUsageWithStatus2) {
+  const Words cases[] = {
+      {},
+      {"frobnicate"},
+      {"print"},
+      {"print", "--cover", "sideways", document_},
+      {"print", "--sides", "three", document_},
+      {"print", "--ppd", kPPD, document_},
+      {"print", "-o", path("x.ps"), document_},
+      {"print", "--ppd", kPPD, "-d", "q", "--dry-run", document_},
+      {"print", "--ppd", kPPD, "--remember", "-o", path("x.ps"), document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--number-up", "3", document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--copies", "0", document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--cover-media", "Tray2", document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--insert-sides", "front", document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--cover", "front", "--cover-sides", "top", document_},
+      {"print", "--ppd", kPPD, "--dry-run", "--option", "MediaType", document_},
+      {"pages"},
+      {"settings"},
+  };
+  for (const Words& words : cases) {
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.status, 2) << ::testing::PrintToString(words) << outcome.errors;
+    EXPECT_THAT(outcome.errors, Not(IsEmpty()));
+  }
+}
+
+TEST_F(Publishing, RefusesOptionValuesThatCupsWouldChange) {
+  for (const char* option : {"Note={a=b}", "Note=one\ntwo", "Note=true", "Note=\xff", "A B=c"}) {
+    const Outcome outcome = dryRun({"--option", option});
+    EXPECT_EQ(outcome.status, 1) << option;
+    EXPECT_THAT(outcome.errors, Not(IsEmpty()));
+  }
+  EXPECT_EQ(dryRun({"--option", "Note=" + std::string(256, 'x')}).status, 1);
+  EXPECT_EQ(dryRun({"--option", "Note='\"quoted\"'"}).status, 0);
+}
+
+TEST_F(Publishing, NamesTheFileThatIsTrouble) {
+  struct Case {
+    Words words;
+    std::string named;
+  };
+  const std::string empty = write("empty.pdf", "");
+  const std::string text = write("notes.txt", "no document\n");
+  const std::string broken = write("broken.ppd", "This is no PPD.\n");
+  const Case cases[] = {
+      {{"print", "--ppd", kPPD, "--dry-run", path("absent.pdf")}, "absent.pdf"},
+      {{"print", "--ppd", kPPD, "--dry-run", empty}, "empty.pdf"},
+      {{"print", "--ppd", kPPD, "--dry-run", text}, "notes.txt"},
+      {{"print", "--ppd", kPPD, "--dry-run", folder_.path()}, folder_.path()},
+      {{"print", "--ppd", broken, "--dry-run", document_}, "broken.ppd"},
+      {{"media", "--ppd", path("absent.ppd")}, "absent.ppd"},
+      {{"print", "--ppd", kPPD, "-o", path("no/such/folder/out.ps"), document_}, "out.ps"},
+      {{"print", "-d", "Office", document_}, "127.0.0.1"},
+      {{"media"}, "127.0.0.1"},
+  };
+  for (const Case& check : cases) {
+    const Outcome outcome = run(check.words);
+    EXPECT_EQ(outcome.status, 3) << ::testing::PrintToString(check.words) << outcome.errors;
+    EXPECT_THAT(outcome.errors, HasSubstr(check.named));
+  }
+}
+
+TEST_F(Publishing, WarnsOfAPPDThatWasCutOff) {
+  std::string whole = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
+  const std::string cut = write("cut.ppd", whole.substr(0, whole.size() / 2));
+  const Outcome outcome = run({"media", "--ppd", cut});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("cut.ppd"), HasSubstr("Install the printer's PPD")));
+}
+
+// A PPD may hold line breaks and commands for the terminal.
+TEST_F(Publishing, ShowsPPDTextsWithoutControlCharacters) {
+  std::string text = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
+  const std::string tray = "*CoverMediaType Tray2/Tray 2:";
+  const std::size_t place = text.find(tray);
+  ASSERT_NE(place, std::string::npos);
+  text.replace(place, tray.size(), "*CoverMediaType Tray2/A<0A>B<1B>[31m<C29B>x:");
+  const std::string ppd = write("odd.ppd", text);
+  EXPECT_THAT(run({"media", "--ppd", ppd}).output, HasSubstr("Tray2    A B [31m x\n"));
+  const Outcome unknown = run(
+      {"print", "--ppd", ppd, "--dry-run", "--cover", "front", "--cover-media", "No", document_});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_THAT(unknown.errors, HasSubstr("Tray2  A B [31m x\n"));
+}
+
+// The printer's PostScript would hold the text as it stands, with its parenthesis left open.
+TEST_F(Publishing, RefusesCustomValuesOfThePPDsOptions) {
+  const std::string ppd =
+      write("custom.ppd", contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD) +
+                              "*OpenUI *Note: PickOne\n*DefaultNote: None\n*Note None: \"\"\n"
+                              "*CloseUI: *Note\n*CustomNote True: \"pop\"\n"
+                              "*ParamCustomNote Text: 1 string 0 40\n");
+  for (const char* value : {"Custom.5\\", "{Text=5\\}", "Custom.a\nb"}) {
+    const Outcome outcome = run(
+        {"print", "--ppd", ppd, "--dry-run", "--option", std::string("Note=") + value, document_});
+    EXPECT_EQ(outcome.status, 1) << value;
+    EXPECT_THAT(outcome.errors, HasSubstr("Note"));
+  }
+}
+
+// libcups finds options in any case, so the panel offers them; a job names them as the panel does.
+TEST_F(Publishing, SurvivesAPPDThatWritesTheOptionsInAnotherCase) {
+  std::string text = contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD);
+  for (std::size_t at = 0; (at = text.find("CoverMediaType", at)) != std::string::npos;)
+    text.replace(at, 14, "COVERMEDIATYPE");
+  const std::string ppd = write("case.ppd", text);
+  EXPECT_EQ(run({"media", "--ppd", ppd, "--json"}).status, 0);
+  const Outcome outcome = run({"print", "--ppd", ppd, "--dry-run", "--cover", "front",
+                               "--cover-media", "Tray2", document_});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("Tray2"), HasSubstr("CoverMediaType")));
+}
+
+TEST_F(Publishing, KeepsTheEarlierOutputWhenPrintingFails) {
+  const std::string output = write("out.ps", "earlier");
+  const Outcome outcome = run({"print", "--ppd", kPPD, "-o", output, "--insert", "5-5", document_});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(contentsOfFile(output), "earlier");
+}
+
+TEST_F(Publishing, OffersNoMediaOnAPrinterWithoutTheOptions) {
+  const std::string ppd = write("plain.ppd",
+                                "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n"
+                                "*FileVersion: \"1.0\"\n*LanguageVersion: English\n"
+                                "*LanguageEncoding: ISOLatin1\n*PCFileName: \"PLAIN.PPD\"\n"
+                                "*Manufacturer: \"Other\"\n*Product: \"(Plain)\"\n"
+                                "*ModelName: \"Plain\"\n*ShortNickName: \"Plain\"\n"
+                                "*NickName: \"Plain\"\n*PSVersion: \"(3010.000) 1\"\n");
+  const Outcome outcome = run({"print", "--ppd", ppd, "--dry-run", "--cover", "front",
+                               "--cover-media", "Tray2", document_});
+  EXPECT_EQ(outcome.status, 1) << outcome.errors;
+  EXPECT_THAT(outcome.errors, HasSubstr("CoverMediaType"));
+  EXPECT_EQ(run({"media", "--ppd", ppd, "--json"}).status, 0);
+}
+
+TEST_F(Publishing, ShowsHelpAndVersion) {
+  for (const Words& words : {Words{"--help"}, Words{"print", "--help"}, Words{"media", "--help"},
+                             Words{"pages", "--help"}, Words{"settings", "show", "--help"}}) {
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("Usage:"));
+  }
+  EXPECT_THAT(run({"--version"}).output, ::testing::StartsWith("publishing "));
+}
+
+}  // namespace
+}  // namespace publishing

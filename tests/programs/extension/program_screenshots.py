@@ -1,0 +1,76 @@
+#!/usr/bin/python3
+"""Pictures of the tab in the print dialogs of programs that know nothing of it:
+program_screenshots.py BUILD_FOLDER PROJECT_FOLDER FOLDER. Runs under tests/support/with-display with
+NO_AT_BRIDGE empty.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+import time
+
+from dialog_user import Atspi
+from extension_run import Desk
+
+ANIMATIONS = 0.5  # seconds
+
+
+def draw(dialog, file):
+    time.sleep(ANIMATIONS)
+    place = Atspi.Component.get_extents(dialog.root(), Atspi.CoordType.SCREEN)
+    subprocess.run(["import", "-window", "root", "-crop",
+                    f"{place.width}x{place.height}+{place.x}+{place.y}", "+repage", file], check=True)
+
+
+def choose_covers(dialog):
+    dialog.open_tab("Publishing")
+    dialog.tick("Add covers to the document")
+    dialog.act("radio button", "Front and back covers")
+    dialog.tick("Outside of the front cover")
+    dialog.pick("Cover paper:", "Thick Paper (épais)")
+
+
+def choose_sheets(dialog):
+    dialog.open_tab("Publishing")
+    dialog.open_tab("Page Insert")
+    dialog.tick("Add sheets between the pages")
+    dialog.pick("Sheet paper:", "Recycled Paper")
+    dialog.tick("Front of the inserted sheets")
+    dialog.type_pages("5,8,12-14")
+
+
+def draw_evince(desk, file):
+    program = desk.start("evince", desk.document)
+    program.find("document frame", "Document View")
+    program.act("push button", "Print…")
+    dialog = program.window("Print")
+    choose_covers(dialog)
+    draw(dialog, file)
+    program.end()
+
+
+def draw_mousepad(desk, file):
+    desk.write("document.txt", "A line of text.\n" * 1000)
+    program = desk.start("mousepad", os.path.join(desk.folder, "document.txt"))
+    program.act("menu item", "Print...")
+    dialog = program.window("Print")
+    choose_sheets(dialog)
+    draw(dialog, file)
+    program.end()
+
+
+def main():
+    build, project, pictures = sys.argv[1:]
+    os.makedirs(pictures, exist_ok=True)
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o755)
+        desk = Desk(build, project, folder)
+        try:
+            draw_evince(desk, os.path.join(pictures, "evince.png"))
+            draw_mousepad(desk, os.path.join(pictures, "mousepad.png"))
+        finally:
+            desk.server.stop()
+
+
+main()

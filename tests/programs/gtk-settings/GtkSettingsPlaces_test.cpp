@@ -1,0 +1,92 @@
+// Which list of print backends counts, and which library GTK would load.
+#include "programs/gtk-settings/GtkSettingsPlaces.h"
+
+#include <filesystem>
+#include <string>
+
+#include <glib.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace publishing {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class GtkSettingsPlacesTest : public ::testing::Test {
+ protected:
+  [[nodiscard]] std::string write(const std::string& name, const std::string& list) const {
+    return folder_.file(name, "[Settings]\ngtk-print-backends=" + list + "\n");
+  }
+
+  TemporaryFolder folder_;
+  GtkSettingsPlaces places_ = {"file,cups",
+                               {folder_ / "share", folder_ / "etc", folder_ / "xdg"},
+                               folder_ / "user",
+                               folder_ / "etc"};
+};
+
+TEST_F(GtkSettingsPlacesTest, TheLastFileThatHasAListCounts) {
+  EXPECT_EQ(printBackends(places_, true).list, "file,cups");
+  EXPECT_EQ(printBackends(places_, true).file, "");
+  for (const char* name : {"share", "etc", "xdg", "user"}) {
+    const std::string file = write(name, name);
+    EXPECT_EQ(printBackends(places_, true).list, name);
+    EXPECT_EQ(printBackends(places_, true).file, file);
+  }
+  EXPECT_EQ(printBackends(places_, false).list, "xdg");
+  (void)folder_.file("user", "[Settings]\n");
+  EXPECT_EQ(printBackends(places_, true).list, "xdg");
+}
+
+TEST_F(GtkSettingsPlacesTest, AFileInheritsFromThoseThatAreReadBeforeIt) {
+  (void)write("share", "a");
+  (void)write("etc", "b");
+  (void)write("xdg", "c");
+  (void)write("user", "d");
+  EXPECT_EQ(inheritedBackends(places_, places_.systemFiles[0]), "file,cups");
+  EXPECT_EQ(inheritedBackends(places_, places_.systemFile), "a");
+  EXPECT_EQ(inheritedBackends(places_, places_.userFile), "c");
+}
+
+TEST_F(GtkSettingsPlacesTest, FilesThatGtkIgnoresAreReportedAndIgnored) {
+  (void)write("etc", "lpr");
+  (void)folder_.file("user", "garbage\n");
+  const PrintBackends backends = printBackends(places_, true);
+  EXPECT_EQ(backends.list, "lpr");
+  EXPECT_THAT(backends.warnings,
+              ElementsAre(AllOf(HasSubstr(places_.userFile), HasSubstr("garbage"))));
+  EXPECT_THAT(printBackends(places_, false).warnings, IsEmpty());
+}
+
+// Whatever order GTK itself was built with, these two are its own.
+TEST_F(GtkSettingsPlacesTest, GtkIsAskedForItsOwnList) {
+  EXPECT_THAT(GtkSettingsPlaces::here().builtIn, AllOf(HasSubstr("file"), HasSubstr("cups")));
+}
+
+TEST_F(GtkSettingsPlacesTest, TheLibraryIsSoughtWhereGtkSeeksIt) {
+  const std::string library = "/printbackends/libprintbackend-publishing.so";
+  for (const char* folder : {"", "/3.0.0"}) {
+    const TemporaryFolder path;
+    g_setenv("GTK_PATH", ("/nowhere:" + path.path()).c_str(), 1);
+    g_setenv("GTK_EXE_PREFIX", path.path().c_str(), 1);
+    EXPECT_EQ(printBackendLibrary(), std::nullopt);
+    std::filesystem::create_directories(path.path() + folder + "/printbackends");
+    (void)path.file(folder + library, "");
+    EXPECT_EQ(printBackendLibrary(), path.path() + folder + library);
+    g_unsetenv("GTK_PATH");
+    EXPECT_EQ(printBackendLibrary(), std::nullopt);
+    std::filesystem::create_directories(path / "lib/gtk-3.0/3.0.0/printbackends");
+    (void)path.file("lib/gtk-3.0/3.0.0" + library, "");
+    EXPECT_EQ(printBackendLibrary(), path / "lib/gtk-3.0/3.0.0" + library);
+    g_unsetenv("GTK_EXE_PREFIX");
+  }
+}
+
+}  // namespace
+}  // namespace publishing

@@ -1,0 +1,253 @@
+#include "tests/support/PrintDialogUser.h"
+
+#include <stdexcept>
+
+#include "shells/gtk/dialog/PrintDialogHost.h"
+#include "tests/support/GtkStage.h"
+
+namespace publishing {
+namespace {
+
+constexpr const char* kTabName = "Publishing";
+constexpr guint kLongestWait = 20;  // seconds
+
+void forEachWidget(GtkWidget* widget, const std::function<void(GtkWidget*)>& visit) {
+  visit(widget);
+  if (!GTK_IS_CONTAINER(widget)) return;
+  const auto each = [](GtkWidget* child, gpointer data) {
+    forEachWidget(child, *static_cast<const std::function<void(GtkWidget*)>*>(data));
+  };
+  auto* data = const_cast<std::function<void(GtkWidget*)>*>(&visit);  // NOLINT: C callback
+  gtk_container_forall(GTK_CONTAINER(widget), each, data);
+}
+
+GtkWidget* templateChild(GtkWidget* dialog, const char* id) {
+  return GTK_WIDGET(gtk_widget_get_template_child(dialog, GTK_TYPE_PRINT_UNIX_DIALOG, id));
+}
+
+}  // namespace
+
+PrintDialogUser::PrintDialogUser(GtkPrintSettings* settings)
+    : watch([this](const auto& title, const auto& message, const auto&) {
+        alerts.push_back({title, message});
+      }) {
+  dialog_ = shareGObject(gtk_print_unix_dialog_new(nullptr, nullptr));
+  auto* dialog = GTK_PRINT_UNIX_DIALOG(dialog_.get());
+  PrintDialogHost::attach(dialog);
+  if (settings != nullptr) gtk_print_unix_dialog_set_settings(dialog, settings);
+  const auto respond = [](GtkDialog* responding, gint response, gpointer self) {
+    auto& user = *static_cast<PrintDialogUser*>(self);
+    if (response != GTK_RESPONSE_OK) return;
+    ++user.responses_;
+    user.lastJob_.reset(gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(responding)));
+  };
+  g_signal_connect(dialog, "response", G_CALLBACK(+respond), this);
+  gtk_widget_show(dialog_.get());
+}
+
+PrintDialogUser::~PrintDialogUser() {
+  gtk_widget_destroy(dialog_.get());
+  dialog_.reset();  // GTK looks for conflicts in a destroyed dialog that somebody holds on to
+  GtkStage::settle();
+}
+
+void PrintDialogUser::waitUntil(const char* what, const std::function<bool()>& condition) {
+  bool late = false;
+  const guint clock = g_timeout_add_seconds(
+      kLongestWait,
+      [](gpointer data) -> gboolean {
+        *static_cast<bool*>(data) = true;
+        return G_SOURCE_CONTINUE;
+      },
+      &late);
+  while (!late && !condition())
+    gtk_main_iteration();
+  g_source_remove(clock);
+  if (late) throw std::runtime_error(std::string("waited in vain for ") + what);
+}
+
+void PrintDialogUser::choosePrinter(const std::string& name) {
+  const std::string front = frontTab();
+  selectPrinter(name);
+  openTab(kTabName);
+  waitUntil("the panel or the reason", [&] { return hasPanel() || !shows("Asking the printer"); });
+  GtkStage::settle();
+  openTab(front);
+}
+
+void PrintDialogUser::choosePrinterOnly(const std::string& name) {
+  selectPrinter(name);
+  waitUntil("the panel's tab", [&] { return gtk_widget_get_sensitive(tabLabel()) != 0; });
+  GtkStage::settle();
+}
+
+void PrintDialogUser::selectPrinter(const std::string& name) {
+  auto* list = GTK_TREE_VIEW(templateChild(dialog(), "printer_treeview"));
+  const auto select = [&] {
+    GtkTreeModel* model = gtk_tree_view_get_model(list);
+    GtkTreeIter row;
+    for (bool more = gtk_tree_model_get_iter_first(model, &row) != 0; more;
+         more = gtk_tree_model_iter_next(model, &row) != 0) {
+      GtkPrinter* printer = nullptr;
+      gtk_tree_model_get(model, &row, 5, &printer, -1);
+      const GObjectPtr<GtkPrinter> owned(printer);
+      if (printer == nullptr || name != gtk_printer_get_name(printer)) continue;
+      gtk_tree_selection_select_iter(gtk_tree_view_get_selection(list), &row);
+      return true;
+    }
+    return false;
+  };
+  waitUntil("the printer in the list", select);
+  waitUntil("the printer's details", [&] {
+    GtkPrinter* printer =
+        gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()));
+    return printer != nullptr && name == gtk_printer_get_name(printer);
+  });
+}
+
+GtkNotebook* PrintDialogUser::tabs() const {
+  return GTK_NOTEBOOK(templateChild(dialog(), "notebook"));
+}
+
+GtkWidget* PrintDialogUser::page() const {
+  for (int index = 0; index < gtk_notebook_get_n_pages(tabs()); ++index) {
+    GtkWidget* content = gtk_notebook_get_nth_page(tabs(), index);
+    const gchar* label = gtk_notebook_get_tab_label_text(tabs(), content);
+    if (label != nullptr && std::string(label) == kTabName) return content;
+  }
+  return nullptr;
+}
+
+GtkWidget* PrintDialogUser::tabLabel() const {
+  return page() != nullptr ? gtk_notebook_get_tab_label(tabs(), page()) : nullptr;
+}
+
+void PrintDialogUser::openTab(const std::string& label) {
+  for (int index = 0; index < gtk_notebook_get_n_pages(tabs()); ++index) {
+    GtkWidget* content = gtk_notebook_get_nth_page(tabs(), index);
+    const gchar* text = gtk_notebook_get_tab_label_text(tabs(), content);
+    if (text != nullptr && label == text) gtk_notebook_set_current_page(tabs(), index);
+  }
+  GtkStage::settle();
+}
+
+void PrintDialogUser::openPanelTab(int index) {
+  gtk_notebook_set_current_page(GTK_NOTEBOOK(find("tabView")), index);
+  GtkStage::settle();
+}
+
+std::string PrintDialogUser::frontTab() const {
+  GtkWidget* front = gtk_notebook_get_nth_page(tabs(), gtk_notebook_get_current_page(tabs()));
+  return gtk_notebook_get_tab_label_text(tabs(), front);
+}
+
+GtkWidget* PrintDialogUser::find(const char* id) const {
+  GtkWidget* found = nullptr;
+  forEachWidget(dialog(), [&](GtkWidget* widget) {
+    const gchar* name = gtk_buildable_get_name(GTK_BUILDABLE(widget));
+    if (name != nullptr && std::string(name) == id) found = widget;
+  });
+  return found;
+}
+
+void PrintDialogUser::click(const char* checkBox) {
+  GtkWidget* button = find(checkBox);
+  if (gtk_widget_is_sensitive(button) != 0) gtk_button_clicked(GTK_BUTTON(button));
+  GtkStage::settle();
+}
+
+void PrintDialogUser::pick(const char* popUp, int index) {
+  GtkWidget* comboBox = find(popUp);
+  if (gtk_widget_is_sensitive(comboBox) != 0) {
+    gtk_combo_box_set_active(GTK_COMBO_BOX(comboBox), index);
+  }
+  GtkStage::settle();
+}
+
+void PrintDialogUser::type(const char* text) {
+  GtkWidget* entry = find("PiPageNum");
+  if (gtk_widget_is_sensitive(entry) == 0) return;
+  gtk_editable_select_region(GTK_EDITABLE(entry), 0, -1);
+  g_signal_emit_by_name(entry, "backspace");
+  GtkStage::settle();
+  g_signal_emit_by_name(entry, "insert-at-cursor", text);
+  GtkStage::settle();
+}
+
+void PrintDialogUser::setDialogOption(const char* name, const char* choice) {
+  if (!PrinterOptionSet::newest().set(name, choice)) {
+    throw std::runtime_error(std::string("the dialog has no option ") + name);
+  }
+  GtkStage::settle();
+}
+
+void PrintDialogUser::setReverse(bool reverse) {
+  gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(templateChild(dialog(), "reverse_check")),
+                               reverse);
+  GtkStage::settle();
+}
+
+bool PrintDialogUser::print() {
+  const int before = responses_;
+  gtk_button_clicked(
+      GTK_BUTTON(gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog()), GTK_RESPONSE_OK)));
+  GtkStage::settle();
+  return responses_ != before;
+}
+
+std::map<std::string, std::string> PrintDialogUser::settings() const {
+  const GObjectPtr<GtkPrintSettings> current(
+      gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(dialog())));
+  std::map<std::string, std::string> values;
+  gtk_print_settings_foreach(
+      current.get(),
+      [](const gchar* key, const gchar* value, gpointer map) {
+        (*static_cast<std::map<std::string, std::string>*>(map))[key] = value;
+      },
+      &values);
+  return values;
+}
+
+std::string PrintDialogUser::setting(const std::string& name) const {
+  const auto all = settings();
+  const auto found = all.find(name);
+  return found != all.end() ? found->second : "(none)";
+}
+
+bool PrintDialogUser::isTicked(const char* checkBox) const {
+  return gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(find(checkBox))) != 0;
+}
+
+bool PrintDialogUser::isSensitive(const char* control) const {
+  return gtk_widget_is_sensitive(find(control)) != 0;
+}
+
+int PrintDialogUser::picked(const char* popUp) const {
+  return gtk_combo_box_get_active(GTK_COMBO_BOX(find(popUp)));
+}
+
+std::string PrintDialogUser::text(const char* entry) const {
+  return gtk_entry_get_text(GTK_ENTRY(find(entry)));
+}
+
+std::string PrintDialogUser::tooltip(const char* control) const {
+  const GCharPtr tooltip(gtk_widget_get_tooltip_text(find(control)));
+  return tooltip != nullptr ? tooltip.get() : "";
+}
+
+bool PrintDialogUser::shows(const std::string& text) const {
+  bool found = false;
+  if (page() == nullptr) return false;
+  forEachWidget(page(), [&](GtkWidget* widget) {
+    if (!GTK_IS_LABEL(widget) || gtk_widget_get_child_visible(widget) == 0) return;
+    GtkWidget* top = gtk_widget_get_ancestor(widget, GTK_TYPE_STACK);
+    if (top == nullptr) return;
+    GtkWidget* inFront = gtk_stack_get_visible_child(GTK_STACK(top));
+    if (gtk_widget_is_ancestor(widget, inFront) == 0) return;
+    found =
+        found || std::string(gtk_label_get_text(GTK_LABEL(widget))).find(text) != std::string::npos;
+  });
+  return found;
+}
+
+}  // namespace publishing

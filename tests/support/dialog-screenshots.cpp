@@ -1,0 +1,62 @@
+// Draws the print dialog with the panel's tabs in front, for a queue of the server that CUPS_SERVER
+// names:
+//   dialog-screenshots QUEUE PREFIX
+#include <exception>
+#include <iostream>
+
+#include "tests/support/Picture.h"
+#include "tests/support/PrintDialogUser.h"
+
+namespace {
+
+using namespace publishing;
+
+void chooseCovers(PrintDialogUser& user) {
+  user.openTab("Publishing");
+  user.click("CmCheckBox");
+  user.click("CmFrontAndBackCell");
+  user.click("CmFrontOutside");
+  user.click("CmBackInside");
+  user.pick("CmMediaType", 5);
+}
+
+void chooseSheets(PrintDialogUser& user) {
+  user.openPanelTab(1);
+  user.click("PiCheckBox");
+  user.type("5,8,12-14");
+  user.pick("PiMediaType", 2);
+  user.click("PiPrintOnFront");
+}
+
+void draw(const std::string& queue, const std::string& prefix, const char* duplex) {
+  PrintDialogUser user;
+  user.choosePrinter(queue);
+  user.setDialogOption("gtk-duplex", duplex);
+  chooseCovers(user);
+  drawWindow(GTK_WINDOW(user.dialog()), prefix + "cover.png");
+  chooseSheets(user);
+  drawWindow(GTK_WINDOW(user.dialog()), prefix + "insert.png");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  gtk_init(&argc, &argv);
+  if (argc != 3) {
+    std::cerr << "usage: dialog-screenshots QUEUE PREFIX\n";
+    return 2;
+  }
+  const std::string prefix = argv[2];
+  try {
+    draw(argv[1], prefix + "one-sided-", "None");
+    draw(argv[1], prefix + "two-sided-", "DuplexNoTumble");
+    PrintDialogUser user;
+    user.choosePrinter("Print to File");
+    user.openTab("Publishing");
+    drawWindow(GTK_WINDOW(user.dialog()), prefix + "file.png");
+  } catch (const std::exception& error) {
+    std::cerr << "dialog-screenshots: " << error.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
