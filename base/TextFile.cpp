@@ -18,7 +18,7 @@ std::optional<std::string> textOfFile(const std::string& path, std::size_t large
     return std::nullopt;
   }
   if (!S_ISREG(information.st_mode)) {
-    reason = translated("it is no regular file");
+    reason = translated("it is not a regular file");
     return std::nullopt;
   }
   if (static_cast<std::size_t>(information.st_size) > largest) {
@@ -36,7 +36,7 @@ std::optional<std::string> textOfFile(const std::string& path, std::size_t large
   std::string text(contents, length);
   g_free(contents);
   if (text.find('\0') != std::string::npos) {
-    reason = translated("it holds NUL bytes");
+    reason = translated("it contains NUL bytes");
     return std::nullopt;
   }
   return text;

@@ -10,12 +10,12 @@ namespace {
 
 constexpr const char* kNeedsCovers = N_("Needs covers: tick “Add covers to the document”.");
 constexpr const char* kNeedsSheets = N_("Needs sheets: tick “Add sheets between the pages”.");
-constexpr const char* kNeedsTwoSided = N_("Needs two-sided printing: see the tab “Page Setup”.");
+constexpr const char* kNeedsTwoSided = N_("Needs two-sided printing: see the “Page Setup” tab.");
 constexpr const char* kNeedsBackCover = N_("Needs a back cover: choose “Front and back covers”.");
 constexpr const char* kNeedsOrder =
-    N_("Needs the pages in order: switch “Reverse” off in the tab “General”.");
+    N_("Needs the pages in order: switch off “Reverse” on the “General” tab.");
 constexpr const char* kNeedsSinglePages =
-    N_("Needs one page on each side: see “Pages per side” in the tab “Page Setup”.");
+    N_("Needs one page per side: see “Pages per side” on the “Page Setup” tab.");
 
 // What the job lacks for covers and inserts; empty when it lacks nothing.
 std::string reasonAgainstFeatures(const JobTicket& job) {

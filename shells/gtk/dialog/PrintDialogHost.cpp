@@ -130,7 +130,8 @@ void PrintDialogHost::followPrinter() {
     return;
   }
   if (gtk_printer_is_virtual(printer) != 0) {
-    showMessage(translated("Covers and inserts need a printer; a file cannot have them."));
+    showMessage(translated(
+        "Covers and inserts need a printer; they are not available when you print to a file."));
     return;
   }
   const std::string name = gtk_printer_get_name(printer);
@@ -142,10 +143,11 @@ void PrintDialogHost::followPrinter() {
         guarded([&] { showPrinter(std::move(opened), problem); });
       },
       [this, name] {
-        showMessage(translated("The printer %s does not answer. Covers and inserts can be chosen "
-                               "once it does; other printers are listed in the tab “General”.",
-                               name),
-                    true);
+        showMessage(
+            translated("The printer %s is not responding. You can choose covers and inserts once "
+                       "it does; other printers are listed on the “General” tab.",
+                       name),
+            true);
       });
 }
 
@@ -156,7 +158,7 @@ void PrintDialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::s
   }
   if (!HostedPanel::suits(*printer)) {
     showMessage(
-        translated("The printer %s has no covers and inserts. They need a Zephrel "
+        translated("The printer %s does not offer covers and inserts. They need a Zephrel "
                    "PostScript printer with its own driver.",
                    printer->name()));
     return;
@@ -178,7 +180,7 @@ bool PrintDialogHost::openPanel() {
   if (panel_->isOpen()) return true;
   GtkWidget* view = panel_->open(DialogJob::of(dialog_));
   if (view == nullptr) {
-    showMessage(translated("The panel cannot be shown; it was not installed completely."));
+    showMessage(translated("The panel cannot be shown because it is not completely installed."));
     return false;
   }
   page_.showPanel(view);

@@ -136,7 +136,7 @@ TEST_F(GtkSettings, AreLeftAloneWhenTheyCannotBeUsed) {
       {[this] { (void)folder_.file("settings.ini", "[Settings]\ngarbage\n"); }, "garbage"},
       {[this] { (void)folder_.file("settings.ini", std::string("[Settings]\0", 11)); }, "NUL"},
       {[this] { (void)folder_.file("settings.ini", std::string(1048577, '\n')); }, "too large"},
-      {[this] { fs::create_directory(path_); }, "no regular file"},
+      {[this] { fs::create_directory(path_); }, "not a regular file"},
       {[this] { fs::create_symlink("nowhere", path_); }, "is a link to nowhere"},
       {[this] { fs::create_symlink("settings.ini", path_); }, "symbolic links"},
   };

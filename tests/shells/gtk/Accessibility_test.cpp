@@ -82,7 +82,7 @@ TEST_F(PanelAccessibility, EveryControlHasANameOfItsOwnOnItsTab) {
 
 TEST_F(PanelAccessibility, ExplanationsBelongToTheirControls) {
   const std::map<GtkWidget*, std::string> explained = {
-      {stage.shown()->checkBox("CmCheckBox")->widget(), "paper of their own"},
+      {stage.shown()->checkBox("CmCheckBox")->widget(), "their own paper"},
       {stage.shown()->checkBox("PiCheckBox")->widget(), "before each page"},
       {stage.shown()->textField("PiPageNum")->widget(), "Up to 10"}};
   for (const auto& [widget, words] : explained) {

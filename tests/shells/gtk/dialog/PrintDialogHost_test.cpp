@@ -53,7 +53,7 @@ TEST_F(PrintDialogHostTest, FileHasNoPanelButAReason) {
   user.choosePrinter("Print to File");
   EXPECT_FALSE(user.hasPanel());
   EXPECT_FALSE(gtk_widget_get_sensitive(user.tabLabel()));
-  EXPECT_TRUE(user.shows("a file cannot have them"));
+  EXPECT_TRUE(user.shows("not available when you print to a file"));
   EXPECT_TRUE(user.print());
 }
 
