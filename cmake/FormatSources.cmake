@@ -2,7 +2,7 @@
 # or fails when one is not laid out as .clang-format says. Sources are looked up at each run.
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}" DIRECTORY)
 set(patterns)
-foreach(folder base Publishing printing shells programs tests bench fuzz)
+foreach(folder base Publishing sheets printing shells programs tests bench fuzz)
   list(APPEND patterns "${root}/${folder}/*.cpp" "${root}/${folder}/*.h" "${root}/${folder}/*.c")
 endforeach()
 file(GLOB_RECURSE sources RELATIVE "${root}" ${patterns})

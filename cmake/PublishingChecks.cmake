@@ -15,7 +15,7 @@ find_program(CLANG_TIDY clang-tidy)
 find_program(RUN_CLANG_TIDY run-clang-tidy)
 if(CLANG_TIDY AND RUN_CLANG_TIDY)
   # Generated files lie below the build folder and are left out.
-  set(tidy_sources "^${PROJECT_SOURCE_DIR}/(base|Publishing|printing|shells|programs|tests|bench|fuzz)/")
+  set(tidy_sources "^${PROJECT_SOURCE_DIR}/(base|Publishing|sheets|printing|shells|programs|tests|bench|fuzz)/")
   add_custom_target(tidy
     COMMAND "${RUN_CLANG_TIDY}" -quiet -clang-tidy-binary "${CLANG_TIDY}" -p "${CMAKE_BINARY_DIR}"
             "-header-filter=${tidy_sources}" "${tidy_sources}"
