@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <iterator>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -16,6 +15,7 @@
 #include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/GlibHandles.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
 #include "printing/JobTicket.h"
@@ -33,18 +33,6 @@ const char* const kStoredKeys[] = {kCoverModeState,  kCoverModeValue, kCovermode
                                    kCmIndex,         kUnspecifed,     kPageinsertState,
                                    kPageinsertValue, kPiIndex,        kPageinsertNums,
                                    kCoverMediaType,  kPageMediaType};
-
-struct GlibDeleter {
-  void operator()(GKeyFile* file) const noexcept { g_key_file_free(file); }
-  void operator()(char* text) const noexcept { g_free(text); }
-  void operator()(char** texts) const noexcept { g_strfreev(texts); }
-  void operator()(GError* error) const noexcept { g_error_free(error); }
-};
-
-using KeyFile = std::unique_ptr<GKeyFile, GlibDeleter>;
-using Text = std::unique_ptr<char, GlibDeleter>;
-using Texts = std::unique_ptr<char*, GlibDeleter>;
-using Error = std::unique_ptr<GError, GlibDeleter>;
 
 bool isStored(const std::string& key) {
   return std::find(std::begin(kStoredKeys), std::end(kStoredKeys), key) != std::end(kStoredKeys);
@@ -92,11 +80,11 @@ std::string linkAside(const std::string& path) {
 }
 
 struct Reading {
-  KeyFile file{g_key_file_new()};   // what could be parsed
-  StoredSettings::Values values;    // the sound ones of our keys
-  std::vector<std::string> faults;  // for the user
-  bool isKeyFile = true;            // or there is no file
-  bool hasUnsoundValues = false;    // of our keys
+  GlibKeyFile file{g_key_file_new()};  // what could be parsed
+  StoredSettings::Values values;       // the sound ones of our keys
+  std::vector<std::string> faults;     // for the user
+  bool isKeyFile = true;               // or there is no file
+  bool hasUnsoundValues = false;       // of our keys
 };
 
 void readEntry(Reading& reading, const std::string& group, const std::string& key,
@@ -109,8 +97,8 @@ void readEntry(Reading& reading, const std::string& group, const std::string& ke
     return;
   }
   GError* failure = nullptr;
-  const Text text(g_key_file_get_string(reading.file.get(), kGroup, key.c_str(), &failure));
-  const Error owner(failure);
+  const GlibText text(g_key_file_get_string(reading.file.get(), kGroup, key.c_str(), &failure));
+  const GlibError owner(failure);
   // A value with an unknown escape comes with an error and a text.
   const auto fault =
       failure == nullptr ? faultOf(key, text.get()) : std::optional(shown(failure->message));
@@ -123,9 +111,9 @@ void readEntry(Reading& reading, const std::string& group, const std::string& ke
 }
 
 void readEntries(Reading& reading, const std::string& path) {
-  const Texts groups(g_key_file_get_groups(reading.file.get(), nullptr));
+  const GlibTexts groups(g_key_file_get_groups(reading.file.get(), nullptr));
   for (char** group = groups.get(); *group != nullptr; ++group) {
-    const Texts keys(g_key_file_get_keys(reading.file.get(), *group, nullptr, nullptr));
+    const GlibTexts keys(g_key_file_get_keys(reading.file.get(), *group, nullptr, nullptr));
     for (char** key = keys.get(); key != nullptr && *key != nullptr; ++key)
       readEntry(reading, *group, *key, path);
   }
@@ -138,7 +126,7 @@ Reading readFile(const std::string& path) {
   GError* failure = nullptr;
   if (contents && g_key_file_load_from_data(reading.file.get(), contents->data(), contents->size(),
                                             G_KEY_FILE_KEEP_COMMENTS, &failure) == FALSE) {
-    reason = shown(Error(failure)->message);
+    reason = shown(GlibError(failure)->message);
   }
   if (reason.empty()) {
     readEntries(reading, path);
@@ -154,7 +142,7 @@ Reading readFile(const std::string& path) {
 void removeKey(GKeyFile* file, const char* key) {
   while (g_key_file_remove_key(file, kGroup, key, nullptr) != FALSE) {
     gsize length = 0;
-    const Text contents(g_key_file_to_data(file, &length, nullptr));
+    const GlibText contents(g_key_file_to_data(file, &length, nullptr));
     g_key_file_load_from_data(file, contents.get(), length, G_KEY_FILE_KEEP_COMMENTS, nullptr);
   }
 }
@@ -179,7 +167,7 @@ std::string StoredSettings::fileOf(const std::string& queue) const {
     }
   }
   if (name.size() > kLongestPlainName) {
-    const Text checksum(
+    const GlibText checksum(
         g_compute_checksum_for_string(G_CHECKSUM_SHA256, queue.data(), std::ssize(queue)));
     name = name.substr(0, kLongestPlainName - 64) + "%" + checksum.get();
   }
@@ -214,13 +202,13 @@ void StoredSettings::store(const std::string& queue, const Values& values) const
     g_key_file_set_string(earlier.file.get(), kGroup, key, value->second.c_str());
   }
   gsize length = 0;
-  const Text contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));
+  const GlibText contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));
   GError* failure = nullptr;
   if (g_file_set_contents_full(path.c_str(), contents.get(), static_cast<gssize>(length),
                                static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
                                                                   G_FILE_SET_CONTENTS_DURABLE),
                                0600, &failure) == FALSE) {
-    throw cannotWrite(path, Error(failure)->message);
+    throw cannotWrite(path, GlibError(failure)->message);
   }
 }
 

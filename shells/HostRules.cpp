@@ -1,8 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/HostRules.h"
 
-#include <memory>
-
-#include "shells/gtk/GObjectPtr.h"
+#include "base/GlibHandles.h"
 
 namespace publishing {
 namespace {
@@ -11,20 +10,15 @@ constexpr const char* kFile = "publishing/dialog/rules.ini";
 constexpr const char* kGroup = "Dialog";
 constexpr int kMostSeconds = 600;
 
-struct FreeKeyFile {
-  void operator()(GKeyFile* file) const { g_key_file_free(file); }
-};
-using KeyFile = std::unique_ptr<GKeyFile, FreeKeyFile>;
-
 bool readFile(GKeyFile* file, const gchar* folder, HostRules& rules) {
-  const GCharPtr path(g_build_filename(folder, kFile, nullptr));
+  const GlibText path(g_build_filename(folder, kFile, nullptr));
   if (g_key_file_load_from_file(file, path.get(), G_KEY_FILE_NONE, nullptr) == 0) return false;
   rules.file = path.get();
   return true;
 }
 
-KeyFile readFiles(HostRules& rules) {
-  KeyFile file(g_key_file_new());
+GlibKeyFile readFiles(HostRules& rules) {
+  GlibKeyFile file(g_key_file_new());
   if (readFile(file.get(), g_get_user_config_dir(), rules)) return file;
   for (const gchar* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder) {
     if (readFile(file.get(), *folder, rules)) break;
@@ -33,14 +27,14 @@ KeyFile readFiles(HostRules& rules) {
 }
 
 void readSwitch(GKeyFile* file, const char* key, const char* variable, bool& value) {
-  GError* error = nullptr;
-  const bool isOn = g_key_file_get_boolean(file, kGroup, key, &error) != 0;
+  GError* failure = nullptr;
+  const bool isOn = g_key_file_get_boolean(file, kGroup, key, &failure) != 0;
+  const GlibError error(failure);
   if (error == nullptr) {
     value = isOn;
-  } else if (g_error_matches(error, G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
+  } else if (g_error_matches(error.get(), G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
     g_message("%s: %s is true or false", kFile, key);
   }
-  g_clear_error(&error);
   const gchar* wish = g_getenv(variable);
   if (wish != nullptr) value = g_strcmp0(wish, "0") != 0 && g_strcmp0(wish, "off") != 0;
 }
@@ -59,7 +53,7 @@ void readSeconds(GKeyFile* file, HostRules& rules) {
 
 HostRules HostRules::load() {
   HostRules rules;
-  const KeyFile file = readFiles(rules);
+  const GlibKeyFile file = readFiles(rules);
   readSwitch(file.get(), "Extension", "PUBLISHING_EXTENSION", rules.extension);
   readSwitch(file.get(), "ShowHiddenPanels", "PUBLISHING_SHOW_HIDDEN_PANELS",
              rules.showHiddenPanels);

@@ -1,11 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/DisplayText.h"
 
-#include "shells/gtk/GObjectPtr.h"
+#include "base/GlibHandles.h"
 
 namespace publishing {
 
 std::string displayText(const std::string& text) {
-  const GCharPtr valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+  const GlibText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
   return valid.get();
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <memory>
@@ -10,16 +11,9 @@ struct UnrefGObject {
   void operator()(gpointer object) const { g_object_unref(object); }
 };
 
-struct FreeGMemory {
-  void operator()(gpointer memory) const { g_free(memory); }
-};
-
 // Owns one reference to an object.
 template <class Object>
 using GObjectPtr = std::unique_ptr<Object, UnrefGObject>;
-
-// Owns a string (or another block) that GLib allocated.
-using GCharPtr = std::unique_ptr<gchar, FreeGMemory>;
 
 // Takes a reference of its own; a floating reference is sunk.
 template <class Object>

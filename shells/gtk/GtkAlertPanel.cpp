@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/GtkAlertPanel.h"
 
 #include "shells/gtk/DisplayText.h"

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/GtkBundle.h"
 
 #include <utility>
 
+#include "base/GlibHandles.h"
 #include "base/Translation.h"
 
 extern "C" {
@@ -13,15 +15,6 @@ namespace {
 
 constexpr const char* kHelpBook = "Publishing Help";
 
-struct UnrefBytes {
-  void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
-};
-
-struct ClearError {
-  GError* error = nullptr;
-  ~ClearError() { g_clear_error(&error); }
-};
-
 }  // namespace
 
 std::string GtkBundle::localizedString(const std::string& key) const {
@@ -30,8 +23,8 @@ std::string GtkBundle::localizedString(const std::string& key) const {
 
 bool GtkBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
   const std::string resource = "/com/zephrel/publishing/" + name + ".ui";
-  const std::unique_ptr<GBytes, UnrefBytes> description(g_resource_lookup_data(
-      publishing_get_resource(), resource.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
+  const GlibBytes description(g_resource_lookup_data(publishing_get_resource(), resource.c_str(),
+                                                     G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
   if (description == nullptr) return false;
   gsize size = 0;
   const auto* text = static_cast<const char*>(g_bytes_get_data(description.get(), &size));
@@ -45,7 +38,7 @@ bool GtkBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
 
 bool GtkBundle::registerHelpBook() {
   for (const gchar* const* language = g_get_language_names(); *language != nullptr; ++language) {
-    const GCharPtr page(g_build_filename(path_.c_str(), "help", *language, "index.html", nullptr));
+    const GlibText page(g_build_filename(path_.c_str(), "help", *language, "index.html", nullptr));
     if (g_file_test(page.get(), G_FILE_TEST_IS_REGULAR) == 0) continue;
     helpPage_ = page.get();
     return true;
@@ -55,14 +48,14 @@ bool GtkBundle::registerHelpBook() {
 
 std::int32_t GtkBundle::gotoHelpPage(const std::string& bookName) {
   if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
-  const GCharPtr uri(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
+  const GlibText uri(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
   if (uri == nullptr) return kNoHelpBook;
-  ClearError failure;
-  if (gtk_show_uri_on_window(nullptr, uri.get(), gtk_get_current_event_time(), &failure.error) !=
-      0) {
+  GError* failure = nullptr;
+  if (gtk_show_uri_on_window(nullptr, uri.get(), gtk_get_current_event_time(), &failure) != 0) {
     return 0;
   }
-  g_message("The help cannot be shown: %s", failure.error->message);
+  const GlibError error(failure);
+  g_message("The help cannot be shown: %s", error->message);
   return kNoHelpViewer;
 }
 

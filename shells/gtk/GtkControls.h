@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The platform's controls on GTK 3 widgets. A control holds a reference to its widget and handlers
 // on it; it blocks them while it changes the widget itself, because GTK signals every change and
 // the panel wants to hear of the user's only. Which signal sends an action is said in the interface

@@ -1,17 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/GtkInterface.h"
 
 #include <utility>
 
+#include "base/GlibHandles.h"
 #include "shells/InterfaceBinder.h"
 
 namespace publishing {
 namespace {
 
 constexpr const char* kViewName = "pdeView";
-
-struct FreeError {
-  void operator()(GError* error) const { g_error_free(error); }
-};
 
 // The object's id; empty when the description gave it none.
 std::string idOf(GObject* object) {
@@ -38,7 +36,7 @@ std::unique_ptr<GtkInterface> GtkInterface::make(const char* description, gssize
   GError* failure = nullptr;
   if (gtk_builder_add_from_string(builder.get(), description, static_cast<gsize>(length),
                                   &failure) == 0) {
-    const std::unique_ptr<GError, FreeError> error(failure);
+    const GlibError error(failure);
     g_warning("The interface description cannot be read: %s", error->message);
     return nullptr;
   }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The platform's controls in memory, exactly as the interfaces describe them, plus the gestures of
 // a user: click, choose, type, select. A gesture that a real user could not make does nothing.
 #pragma once

@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/AlertWatch.h"
 
 #include <utility>
+
+#include "base/GlibHandles.h"
 
 namespace publishing {
 namespace {
@@ -8,7 +11,7 @@ namespace {
 std::string textProperty(GtkDialog* dialog, const char* property) {
   gchar* text = nullptr;
   g_object_get(dialog, property, &text, nullptr);
-  const GCharPtr owned(text);
+  const GlibText owned(text);
   return text != nullptr ? text : "";
 }
 

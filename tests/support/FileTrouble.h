@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // File systems that refuse, for as long as an object lives.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What every test program on real widgets needs: the toolkit set up, and each warning or critical
 // of the toolkit a failure of the test in which it appears.
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Programs that die in the middle: an action in a child process, killed before a system call.
 #pragma once
 

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PrintDialogUser.h"
 
 #include <stdexcept>
 
+#include "base/GlibHandles.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 #include "tests/support/GtkStage.h"
 
@@ -231,7 +233,7 @@ std::string PrintDialogUser::text(const char* entry) const {
 }
 
 std::string PrintDialogUser::tooltip(const char* control) const {
-  const GCharPtr tooltip(gtk_widget_get_tooltip_text(find(control)));
+  const GlibText tooltip(gtk_widget_get_tooltip_text(find(control)));
   return tooltip != nullptr ? tooltip.get() : "";
 }
 

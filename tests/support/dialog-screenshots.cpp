@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Draws the print dialog with the panel's tabs in front, for a queue of the server that CUPS_SERVER
 // names:
 //   dialog-screenshots QUEUE PREFIX

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """A user at the print dialog of a running program, from outside, through the accessibility bus; and
 the print server that gets the jobs. For the tests in this folder, which run under
 tests/support/with-display with NO_AT_BRIDGE empty."""

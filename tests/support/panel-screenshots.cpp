@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Draws the panel as a user sees it, one picture a tab and a kind of job:
 //   panel-screenshots PPD PREFIX [--rtl]
 // The toolkit's own switches (GDK_SCALE, GTK_THEME) change the look. Files are PREFIX...png.

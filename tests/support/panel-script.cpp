@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reads panel commands from standard input (or the files named) and writes what the panel does on
 // the headless controls; tests/support/PanelScript.h lists the commands.
 #include <exception>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What a user does with the panel in any program's print dialog, and what must come of it."""
 
 from dialog_user import check, wait_for

@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/dialog/PrinterOptionSet.h"
 
 #include <memory>
 
 #include <gmodule.h>
+
+#include "base/GlibHandles.h"
 
 namespace publishing {
 namespace {
@@ -82,7 +85,7 @@ std::optional<std::string> PrinterOptionSet::value(const std::string& name) cons
   if (option == nullptr) return std::nullopt;
   gchar* value = nullptr;
   g_object_get(option, "value", &value, nullptr);
-  const GCharPtr owned(value);
+  const GlibText owned(value);
   return value != nullptr ? value : "";
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Texts, alerts, help, and the binding of the interface description by name.
 #include "tests/shells/conformance/Conformance.h"
 

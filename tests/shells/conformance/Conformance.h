@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The promises of the platform interfaces, as tests that every shell runs.
 //
 // A shell's test program links the library shell-conformance and instantiates the suites:

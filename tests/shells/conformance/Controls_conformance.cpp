@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Check boxes, radio cells, the page field and the tabs. Pop-ups have a file of their own.
 #include "tests/shells/conformance/Conformance.h"
 

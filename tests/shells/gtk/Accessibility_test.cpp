@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a user of the keyboard or of a screen reader meets.
 #include <functional>
 #include <map>

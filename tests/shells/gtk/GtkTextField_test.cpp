@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What real editing adds to the promises of every shell: selections, pastes, texts that the widget
 // cannot hold.
 #include "shells/gtk/GtkTextField.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The same panel scripts on the controls in memory and on real widgets: what comes out must be the
 // same, byte for byte.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/shells/conformance/Conformance.h"
 #include "tests/support/HeadlessPrintSettings.h"
 #include "tests/support/HeadlessStage.h"

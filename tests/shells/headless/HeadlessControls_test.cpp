@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the headless shell adds to the promises that all shells keep.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

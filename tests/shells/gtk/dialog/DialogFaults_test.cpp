@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Faults in the panel's own code inside a print dialog: the program must not notice.
 #include <cstdlib>
 #include <new>

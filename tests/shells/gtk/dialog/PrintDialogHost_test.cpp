@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A real print dialog against a real print server, up to the job that the program gets.
 #include "shells/gtk/dialog/PrintDialogHost.h"
 
