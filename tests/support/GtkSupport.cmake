@@ -22,3 +22,13 @@ add_custom_target(screenshots
     "${CMAKE_BINARY_DIR}/tests" "${CMAKE_BINARY_DIR}/screenshots"
   DEPENDS panel-screenshots dialog-screenshots
   VERBATIM)
+
+# The help book's pictures, in the sources.
+file(STRINGS "${PROJECT_SOURCE_DIR}/po/LINGUAS" help_languages)
+separate_arguments(help_languages)
+add_custom_target(update-help-pictures
+  COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/help-pictures" "${CMAKE_BINARY_DIR}/tests"
+    "${PUBLISHING_BUILD_LOCALE_DIR}" "${PROJECT_SOURCE_DIR}/Publishing/resources/help"
+    ${help_languages}
+  DEPENDS panel-screenshots translations
+  VERBATIM)

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // Draws the panel as a user sees it, one picture a tab and a kind of job:
 //   panel-screenshots PPD PREFIX [--rtl]
-// The toolkit's own switches (GDK_SCALE, GTK_THEME) change the look. Files are PREFIX...png.
+// The toolkit's own switches (GDK_SCALE, GTK_THEME) change the look, LANGUAGE the texts. Files are
+// PREFIX...png.
 #include <iostream>
 #include <sstream>
 
 #include <gtk/gtk.h>
 
+#include "base/Translation.h"
 #include "tests/support/GtkStage.h"
 #include "tests/support/PanelScript.h"
 #include "tests/support/Picture.h"
@@ -45,6 +47,7 @@ void drawJob(const std::string& setUp, const std::string& prefix) {
 
 int main(int argc, char** argv) {
   gtk_init(&argc, &argv);
+  publishing::bindTranslations();
   if (argc < 3) {
     std::cerr << "usage: panel-screenshots PPD PREFIX [--rtl]\n";
     return 2;

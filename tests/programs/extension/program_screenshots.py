@@ -16,6 +16,14 @@ from extension_run import Desk
 ANIMATIONS = 0.5  # seconds
 
 
+def name_papers(desk, project):
+    """The queue gets papers with ordinary names."""
+    ppd = subprocess.run([os.path.join(project, "tests/support/ordinary-ppd")], check=True, text=True,
+                         stdout=subprocess.PIPE).stdout
+    desk.write("printer.ppd", ppd)
+    desk.server.add_queue("Office", os.path.join(desk.folder, "printer.ppd"))
+
+
 def draw(dialog, file):
     time.sleep(ANIMATIONS)
     place = Atspi.Component.get_extents(dialog.root(), Atspi.CoordType.SCREEN)
@@ -28,7 +36,7 @@ def choose_covers(dialog):
     dialog.tick("Add covers to the document")
     dialog.act("radio button", "Front and back covers")
     dialog.tick("Outside of the front cover")
-    dialog.pick("Cover paper:", "Thick Paper (épais)")
+    dialog.pick("Cover paper:", "Heavy Paper")
 
 
 def choose_sheets(dialog):
@@ -67,6 +75,7 @@ def main():
         os.chmod(folder, 0o755)
         desk = Desk(build, project, folder)
         try:
+            name_papers(desk, project)
             draw_evince(desk, os.path.join(pictures, "evince.png"))
             draw_mousepad(desk, os.path.join(pictures, "mousepad.png"))
         finally:
