@@ -15,5 +15,5 @@ endif()
 execute_process(COMMAND "${CLANG_FORMAT}" ${arguments} ${sources}
                 WORKING_DIRECTORY "${root}" RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
-  message(FATAL_ERROR "The sources above are not laid out; mend it with: cmake --build --preset release --target format")
+  message(FATAL_ERROR "The sources above are not formatted; fix them with: cmake --build --preset release --target format")
 endif()
