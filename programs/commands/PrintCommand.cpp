@@ -20,6 +20,7 @@
 #include "programs/commands/JobProgress.h"
 #include "programs/commands/PrinterOption.h"
 #include "shells/PanelDump.h"
+#include "shells/PanelSummary.h"
 #include "shells/headless/PanelUser.h"
 
 namespace publishing {
@@ -120,16 +121,6 @@ nlohmann::json reportOf(PublishingPDE& panel, const Printer& printer, const JobT
           {"job", nullptr}};
 }
 
-// The panel leaves "On" in English.
-std::string summaryOf(const PublishingPDE& panel) {
-  std::string text;
-  for (const auto& [feature, status] : panel.summaryInfo()) {
-    if (!text.empty()) text += ", ";
-    text.append(feature).append(": ").append(translated(status.c_str()));
-  }
-  return text;
-}
-
 // Sends the job, follows it when that is wanted, and completes the report. What is to be remembered
 // is stored first: when that fails, nothing has been printed yet.
 ExitStatus sendJob(const PrintOptions& options, const Printer& printer, const JobTicket& ticket,
@@ -164,7 +155,7 @@ ExitStatus runPrint(const PrintOptions& options) {
   if (!conflicts.empty() && !options.ignoreConflicts) refuseConflicts(conflicts);
   nlohmann::json report = reportOf(user.panel(), printer, ticket, conflicts);
 
-  if (!options.json) std::cout << summaryOf(user.panel()) << '\n';
+  if (!options.json) std::cout << summaryOf(user.panel().state(), ", ") << '\n';
   ExitStatus status = kDone;
   if (options.dryRun) {
     if (!options.json) std::cout << translated("Nothing was printed: this was a dry run.") << '\n';

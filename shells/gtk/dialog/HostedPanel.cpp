@@ -9,6 +9,7 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/StoredSettings.h"
+#include "shells/PanelSummary.h"
 #include "shells/gtk/Guarded.h"
 #include "shells/gtk/dialog/PanelReasons.h"
 
@@ -182,12 +183,8 @@ void HostedPanel::remember(const JobTicket::Options& settings) const {
   }
 }
 
-// The panel leaves "On" in English.
 std::string HostedPanel::summary() const {
-  std::string text;
-  for (const auto& [feature, status] : panel_->summaryInfo())
-    text += (text.empty() ? "" : " · ") + feature + ": " + translated(status.c_str());
-  return text;
+  return summaryOf(panel_->state(), " · ");
 }
 
 void HostedPanel::showReasons() {
