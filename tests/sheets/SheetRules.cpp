@@ -2,7 +2,6 @@
 #include "tests/sheets/SheetRules.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "tests/sheets/SheetText.h"
 
@@ -191,12 +190,11 @@ bool mediaFollowRoles(const SheetJob&, const SheetPlan& plan) {
 bool blankSidesHaveTheSizeOfAPage(const SheetJob&, const SheetPlan& plan) {
   int next = 0;
   const Pages pages = printedPages(plan.sheets);
-  for (const Sheet& sheet : std::ranges::reverse_view(plan.sheets)) {
+  return std::all_of(plan.sheets.rbegin(), plan.sheets.rend(), [&](const Sheet& sheet) {
     const int own = sheet.front != kBlankSide ? sheet.front : backOf(sheet);
     if (own != kBlankSide) next = own;
-    if (pages.empty() || sheet.sizedAs != (next != 0 ? next : pages.back())) return false;
-  }
-  return true;
+    return !pages.empty() && sheet.sizedAs == (next != 0 ? next : pages.back());
+  });
 }
 
 bool listedPagesWithoutAnInsertAreNamed(const SheetJob& job, const SheetPlan& plan) {
@@ -253,6 +251,31 @@ SheetOrder orderOf(const SheetJob& job) {
 const char* brokenRule(const SheetJob& job, const SheetPlan& plan) {
   for (const Rule& rule : kRules)
     if (!rule.isKept(job, plan)) return rule.words;
+  return nullptr;
+}
+
+const char* brokenPromise(const SheetOrder& order, int pages) {
+  SheetPlanner planner(order);
+  const int mostKept = order.coverSides.backOutside + order.coverSides.backInside;
+  int last = 0;
+  SheetSide before;
+  for (int page = 1; page <= pages + 1; ++page) {
+    const bool atEnd = page > pages;
+    const std::vector<SheetSide> sides = atEnd ? planner.finish() : planner.addPage();
+    for (const SheetSide& side : sides) {
+      const int next = last + 1;
+      if (side.page != kBlankSide && side.page != next) return "pages are answered in order";
+      if (side.page == page && &side != &sides.back()) return "the page that begins comes last";
+      if (side.sizedAs != last && side.sizedAs != next) return "sizes are those of neighbours";
+      if (side.sizedAs > std::min(page, pages)) return "sizes are known";
+      if (side.sheet != before.sheet + (side.isBack ? 0 : 1)) return "a back follows its front";
+      if (side.isBack && before.isBack) return "a sheet has one back";
+      if (side.page != kBlankSide) last = side.page;
+      before = side;
+    }
+    if (planner.keptPages() > (atEnd ? 0 : mostKept)) return "no page is kept longer than needed";
+    if (last + planner.keptPages() != std::min(page, pages)) return "kept pages are counted";
+  }
   return nullptr;
 }
 

@@ -27,4 +27,7 @@ SheetOrder orderOf(const SheetJob& job);
 // The first rule that the plan breaks, in words; null when it breaks none.
 const char* brokenRule(const SheetJob& job, const SheetPlan& plan);
 
+// The same for what the planner promises to whoever passes pages on while they arrive.
+const char* brokenPromise(const SheetOrder& order, int pages);
+
 }  // namespace publishing
