@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sheets/SheetPlan.h"
 
+#include <fstream>
+#include <iterator>
 #include <ostream>
+#include <string>
 
 #include <gmock/gmock.h>
 
@@ -11,6 +14,7 @@ namespace publishing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Kind = SheetWarning::Kind;
 
@@ -37,23 +41,37 @@ TEST_P(SheetsOfAJob, ComeOutLikeThis) {
 }
 
 // The table of docs/sheets.md.
-INSTANTIATE_TEST_SUITE_P(
-    Examples, SheetsOfAJob,
-    ::testing::Values(
-        Case{"FrontOutside", 5, kTwoSided + covers("1", "1"), "C1|- B2|3 B4|5"},
-        Case{"FrontInside", 5, kTwoSided + covers("1", "2"), "C-|1 B2|3 B4|5"},
-        Case{"OneSidedFrontAndBack", 5, kOneSided + covers("2", "9"), "C1 B2 B3 B4 C5"},
-        Case{"FrontOutsideAndBackOutside", 10, kTwoSided + covers("2", "5"),
-             "C1|- B2|3 B4|5 B6|7 B8|9 C-|10"},
-        Case{"TooFewPagesForTheBackCover", 2, kTwoSided + covers("2", "13"), "C1|- C-|2"},
-        Case{"BlankInserts", 10, kTwoSided + inserts("0", "5,8,"),
-             "B1|2 B3|4 I-|- B5|6 B7|- I-|- B8|9 B10|-"},
-        Case{"InsertsPrintedOnBothSides", 10, kTwoSided + inserts("3", "4,5,6,"),
-             "B1|2 B3|- I4|- I5|- I6|7 B8|9 B10|-"},
-        Case{"CollatedCopies", 3,
-             kTwoSided + covers("2", "5") + Options{{"copies", "2"}, {"Collate", "true"}},
-             "C1|- B2|- C-|3 C1|- B2|- C-|3"}),
-    caseName);
+const Case kExamples[] = {
+
+    Case{"FrontOutside", 5, kTwoSided + covers("1", "1"), "C1|- B2|3 B4|5"},
+    Case{"FrontInside", 5, kTwoSided + covers("1", "2"), "C-|1 B2|3 B4|5"},
+    Case{"OneSidedFrontAndBack", 5, kOneSided + covers("2", "9"), "C1 B2 B3 B4 C5"},
+    Case{"FrontOutsideAndBackOutside", 10, kTwoSided + covers("2", "5"),
+         "C1|- B2|3 B4|5 B6|7 B8|9 C-|10"},
+    Case{"TooFewPagesForTheBackCover", 2, kTwoSided + covers("2", "13"), "C1|- C-|2"},
+    Case{"BlankInserts", 10, kTwoSided + inserts("0", "5,8,"),
+         "B1|2 B3|4 I-|- B5|6 B7|- I-|- B8|9 B10|-"},
+    Case{"InsertsPrintedOnBothSides", 10, kTwoSided + inserts("3", "4,5,6,"),
+         "B1|2 B3|- I4|- I5|- I6|7 B8|9 B10|-"},
+    Case{"CollatedCopies", 3,
+         kTwoSided + covers("2", "5") + Options{{"copies", "2"}, {"Collate", "true"}},
+         "C1|- B2|- C-|3 C1|- B2|- C-|3"}};
+
+INSTANTIATE_TEST_SUITE_P(Examples, SheetsOfAJob, ::testing::ValuesIn(kExamples), caseName);
+
+// How a table cell of a document says it.
+std::string inTableCell(std::string text) {
+  for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2)
+    text.replace(at, 1, "\\|");
+  return "| `" + text + "` |";
+}
+
+TEST(SheetPlan, ItsExamplesAreThoseOfTheDocument) {
+  std::ifstream file(TEST_DATA "/../../docs/sheets.md");
+  const std::string document((std::istreambuf_iterator<char>(file)), {});
+  for (const Case& example : kExamples)
+    EXPECT_THAT(document, HasSubstr(inTableCell(example.sheets)));
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Covers, SheetsOfAJob,
