@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The texts of printing/ in the user's language (gettext, domain "publishing", the English text is
 // the key). xgettext's keywords are `translated` and, for texts that are translated later, N_.
 #pragma once

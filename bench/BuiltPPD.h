@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A PPD with any number of options, made in memory: libcups opens a file of N options in a time
 // that grows with N squared, which no one would wait for.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PPDs of any size for benchmarks, always the same for the same size.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the benchmarks of the PPD model share: opened PPDs, the panel's load, and a clock.
 #pragma once
 

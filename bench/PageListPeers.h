@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Parsers of page lists to measure the panel's against. Each takes lists as "5,8,12-14".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Collects the medians of benchmarks and sets them against each other.
 #pragma once
 

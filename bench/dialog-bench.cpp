@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // dialog-bench: opening a print dialog with the panel against the same dialog without it, on the
 // queue of the server that CUPS_SERVER names. Run by bench/dialog-bench-run, which starts both a
 // display and a server:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // extension-bench QUEUE OTHER_QUEUE: what one program pays for its print dialog, with or without
 // the extension as GTK's settings say. Knows nothing of the panel. Run by
 // bench/extension-bench-run. Writes for the program's first dialog and for the printer's changes,

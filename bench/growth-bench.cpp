@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How the PPD model grows with a PPD: one line of comma-separated values for each power of ten from
 // 10^2 to 10^6 of constraints, in generated files, and of options, in structures made in memory.
 // Times are medians of the time that the thread computed. Exits with 1 when the load grows faster

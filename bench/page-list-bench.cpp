@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How the panel's page-list parser does against other parsers, on lists that all of them accept and
 // read alike; the ratios stand in a table at the end. Exits with 1 when a goal is missed, with 2
 // when a list is read differently.

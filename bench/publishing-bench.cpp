@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How the panel's PPD model does against libcups, the ratios in a table at the end. Exits with 1
 // when a goal is missed, with 2 when nothing could be measured.
 #include <cstdio>

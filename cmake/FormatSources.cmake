@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # cmake -DCLANG_FORMAT=... -DMODE=fix|check -P FormatSources.cmake: lays out every source of the tree,
 # or fails when one is not laid out as .clang-format says. Sources are looked up at each run.
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}" DIRECTORY)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Targets for people who change the sources: format, check-format (also the test "format") and tidy.
 
 find_program(CLANG_FORMAT clang-format)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Language level, warnings and instrumentation, the same for every target of the project.
 
 set(CMAKE_CXX_STANDARD 20)

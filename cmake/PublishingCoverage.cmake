@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Target coverage, in the preset coverage only: runs every test and reports the line and branch
 # coverage of Publishing/. Branches that only an exception takes, such as the clean-up after a failed
 # allocation, are left out: the compiler makes several for almost every call, and no test can reach

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Debian packages (preset packages). What goes where is said by the components of the install rules:
 #
 #   program        publishing                the command line, completion, translations

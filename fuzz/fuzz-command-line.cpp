@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Command lines of any words. The program ends with one of its statuses, with a message when it is
 // not 0, and writes JSON where it was asked to. Nothing is printed: every "print" is a dry run.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Job options of any names and values. What is accepted survives the way to the filters unchanged:
 // encoded by libcups, sent as an IPP message, written as the server writes a filter's arguments,
 // and parsed there again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Page lists against a second, naive reading of their rules: result, count and pages must agree.
 //
 // The first byte of the input sets how the job prints, the next two the bounds; the rest is the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Panel scripts of any kind on the headless controls. Whatever a script does, every line of output
 // is JSON, a gesture on a disabled control changes nothing, a save leaves other settings
 // alone, and a page list that was stored is one.

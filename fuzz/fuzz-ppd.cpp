@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PPDs of any content: opened by libcups, loaded into the model, shown by the panel and printed
 // with. Texts for the user are clean, the model has libcups's choices and marks, and the panel
 // pushes only what the PPD has.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Settings files of any content. Loading gives only values that a job can carry, what could not be
 // understood is kept, and what was loaded can be stored and loaded again unchanged.
 #include <cstddef>

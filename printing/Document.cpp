@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/Document.h"
 
 #include <algorithm>
@@ -17,8 +18,7 @@ namespace {
 constexpr std::size_t kPrologue = 1024;  // bytes in which readers look for the header
 
 [[noreturn]] void refuse(const std::string& path, const std::string& reason) {
-  throw PrintError(PrintError::Kind::Trouble,
-                   translated("%s cannot be printed: %s", shown(path), reason));
+  throw PrintError::trouble(translated("%s cannot be printed: %s", shown(path), reason));
 }
 
 // PDF may come after some other bytes. PostScript comes first but for the end-of-job character and

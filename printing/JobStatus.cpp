@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/JobStatus.h"
 
 #include <algorithm>
@@ -58,9 +59,9 @@ JobStatus statusFrom(ipp_t* response, int job) {
   status.job = job;
   ipp_attribute_t* state = ippFindAttribute(response, "job-state", IPP_TAG_ENUM);
   if (state == nullptr || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The print server %s does not tell the state of job %d: %s",
-                                serverName(), job, cupsLastErrorString()));
+    throw PrintError::trouble(
+        translated("The print server %s does not tell the state of job %d: %s", serverName(), job,
+                   cupsLastErrorString()));
   }
   status.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));
   ipp_attribute_t* reasons = ippFindAttribute(response, "job-state-reasons", IPP_TAG_KEYWORD);

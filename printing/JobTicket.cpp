@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/JobTicket.h"
 
 #include <algorithm>
@@ -103,10 +104,10 @@ bool JobTicket::isLayout(int pages) {
 
 void JobTicket::setNumberUp(int pages) {
   if (!isLayout(pages)) {
-    throw PrintError(PrintError::Kind::Usage,
-                     translated("%d pages cannot be put on one side of a sheet: choose 1, 2, 4, 6, "
-                                "9 or 16.",
-                                pages));
+    throw PrintError::usage(
+        translated("%d pages cannot be put on one side of a sheet: choose 1, 2, 4, 6, "
+                   "9 or 16.",
+                   pages));
   }
   setValue(kNumberUp, std::to_string(pages));
   setValue(kNup, pages > 1 ? std::optional<std::string>("1") : std::nullopt);
@@ -118,8 +119,7 @@ void JobTicket::setReverse(bool reverse) {
 
 void JobTicket::setCopies(int copies) {
   if (copies < 1) {
-    throw PrintError(PrintError::Kind::Usage,
-                     translated("%d copies cannot be printed: ask for 1 or more.", copies));
+    throw PrintError::usage(translated("%d copies cannot be printed: ask for 1 or more.", copies));
   }
   setValue(kCopies, std::to_string(copies));
 }
@@ -130,8 +130,7 @@ JobTicket::Options JobTicket::jobOptions() const {
     if (name.starts_with("com.apple.")) continue;
     checkJobOption(name, value);
     if (const auto same = findJobOption(options, name); same != options.end()) {
-      throw PrintError(
-          PrintError::Kind::Refused,
+      throw PrintError::refused(
           translated("%s and %s are the same option to CUPS. Give it once.", same->first, name));
     }
     options.emplace(name, value);
@@ -148,30 +147,29 @@ JobTicket::Options::const_iterator findJobOption(const JobTicket::Options& optio
 
 void checkJobOption(const std::string& name, const std::string& value) {
   if (!isOptionName(name)) {
-    throw PrintError(
-        PrintError::Kind::Refused,
+    throw PrintError::refused(
         translated("\"%s\" cannot be the name of a job option: use at most 255 letters, digits, "
                    "dots, hyphens and underscores, beginning with a letter.",
                    shown(name)));
   }
   if (const char* fault = faultOfValue(value)) {
-    throw PrintError(PrintError::Kind::Refused,
-                     translated("The value \"%s\" of the option %s cannot be sent to the printer: "
-                                "%s. Choose another value.",
-                                shown(value), name, translatedFormat(fault)));
+    throw PrintError::refused(
+        translated("The value \"%s\" of the option %s cannot be sent to the printer: "
+                   "%s. Choose another value.",
+                   shown(value), name, translatedFormat(fault)));
   }
   const auto arriving = valueForFilters(name, value);
   if (!arriving) {
-    throw PrintError(PrintError::Kind::Refused,
-                     translated("The option %s with the value \"%s\" does not reach the printer. "
-                                "Choose another value or leave it out.",
-                                name, shown(value)));
+    throw PrintError::refused(
+        translated("The option %s with the value \"%s\" does not reach the printer. "
+                   "Choose another value or leave it out.",
+                   name, shown(value)));
   }
   if (*arriving != value) {
-    throw PrintError(PrintError::Kind::Refused,
-                     translated("CUPS would change the value \"%s\" of the option %s to \"%s\". "
-                                "Choose another value.",
-                                shown(value), name, shown(*arriving)));
+    throw PrintError::refused(
+        translated("CUPS would change the value \"%s\" of the option %s to \"%s\". "
+                   "Choose another value.",
+                   shown(value), name, shown(*arriving)));
   }
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The settings of one print job on Linux: what the panel reads and writes, and what CUPS is sent.
 #pragma once
 

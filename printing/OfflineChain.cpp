@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/OfflineChain.h"
 
 #include <array>
@@ -26,13 +27,9 @@ namespace {
 constexpr const char* kProgram = "cupsfilter";
 constexpr std::size_t kBufferSize = 65536;
 
-PrintError trouble(const std::string& message) {
-  return {PrintError::Kind::Trouble, message};
-}
-
 PrintError cannotWrite(const std::string& output, int error) {
-  return trouble(translated("%s cannot be written: %s. Nothing was changed there.", shown(output),
-                            g_strerror(error)));
+  return PrintError::trouble(translated("%s cannot be written: %s. Nothing was changed there.",
+                                        shown(output), g_strerror(error)));
 }
 
 // Debian keeps the program where ordinary users do not look.
@@ -46,7 +43,7 @@ std::string programPath() {
     std::string path = std::string(folder) + kProgram;
     if (access(path.c_str(), X_OK) == 0) return path;
   }
-  throw trouble(
+  throw PrintError::trouble(
       translated("%s is not installed: install the package cups-daemon or cups.", kProgram));
 }
 
@@ -99,7 +96,8 @@ class OutputFile {
 class Chain {
  public:
   explicit Chain(const std::vector<std::string>& arguments) : messages_(std::tmpfile()) {
-    if (messages_ == nullptr) throw trouble(translated("No temporary file: %s", g_strerror(errno)));
+    if (messages_ == nullptr)
+      throw PrintError::trouble(translated("No temporary file: %s", g_strerror(errno)));
     std::vector<const char*> argv;
     argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
@@ -113,7 +111,7 @@ class Chain {
       const std::string reason = failure->message;
       g_error_free(failure);
       std::fclose(messages_);
-      throw trouble(translated("The print filters cannot be run: %s", reason));
+      throw PrintError::trouble(translated("The print filters cannot be run: %s", reason));
     }
   }
   ~Chain() {
@@ -200,8 +198,7 @@ std::vector<std::string> argumentsFor(const std::string& ppd, JobTicket::Options
 void checkNoForeignProgram(const Printer& printer) {
   const auto program = printer.ppd()->foreignProgram();
   if (!program) return;
-  throw PrintError(
-      PrintError::Kind::Refused,
+  throw PrintError::refused(
       translated("The PPD %s runs a program of its own (%s), which is not done without "
                  "a print server. Use the PPD of a PostScript printer.",
                  shown(printer.name()), shown(*program)));
@@ -218,8 +215,8 @@ void printToFile(const Printer& printer, const JobTicket& ticket, const Document
   Chain chain(arguments);
   const std::uint64_t length = copyAll(chain.output(), file.descriptor(), output);
   if (!chain.wait() || length == 0) {
-    throw trouble(translated("The print filters could not process %s:%s", shown(document.path()),
-                             chain.complaints()));
+    throw PrintError::trouble(translated("The print filters could not process %s:%s",
+                                         shown(document.path()), chain.complaints()));
   }
   file.finish();
 }

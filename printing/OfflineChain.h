@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Making the printer's PostScript without a print server.
 #pragma once
 

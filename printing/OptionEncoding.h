@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What CUPS makes of a job option on its way to the filters.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/PrintServer.h"
 
 #include <algorithm>
@@ -36,9 +37,9 @@ bool isUnknownQueue() {
 }
 
 PrintError noAnswer() {
-  return {PrintError::Kind::Trouble,
-          translated("The print server %s does not answer properly: %s. Check that it runs.",
-                     serverName(), cupsLastErrorString())};
+  return PrintError::trouble(
+      translated("The print server %s does not answer properly: %s. Check that it runs.",
+                 serverName(), cupsLastErrorString()));
 }
 
 }  // namespace
@@ -53,10 +54,10 @@ HttpHandle connectToServer() {
   HttpHandle http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
                                kConnectMilliseconds, nullptr));
   if (!http) {
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The print server %s cannot be reached: %s. Start it (service cups "
-                                "start) or name another one in CUPS_SERVER.",
-                                serverName(), cupsLastErrorString()));
+    throw PrintError::trouble(
+        translated("The print server %s cannot be reached: %s. Start it (service cups "
+                   "start) or name another one in CUPS_SERVER.",
+                   serverName(), cupsLastErrorString()));
   }
   httpSetTimeout(http.get(), kAnswerSeconds, giveUp, nullptr);
   return http;
@@ -79,18 +80,18 @@ DestinationHandle findQueue(http_t* http, const std::string& name) {
   DestinationHandle destination(cupsGetNamedDest(http, name.c_str(), nullptr));
   if (destination) return destination;
   if (!isUnknownQueue()) throw noAnswer();
-  throw PrintError(PrintError::Kind::Trouble, translated("The print server %s has no queue %s. %s",
-                                                         serverName(), name, remedyFor(http)));
+  throw PrintError::trouble(
+      translated("The print server %s has no queue %s. %s", serverName(), name, remedyFor(http)));
 }
 
 DestinationHandle findDefaultQueue(http_t* http) {
   DestinationHandle destination(cupsGetNamedDest(http, nullptr, nullptr));
   if (destination) return destination;
   if (!isUnknownQueue()) throw noAnswer();
-  throw PrintError(PrintError::Kind::Trouble,
-                   translated("There is no default print queue on %s: name a queue, or choose the "
-                              "default with lpoptions -d. %s",
-                              serverName(), remedyFor(http)));
+  throw PrintError::trouble(
+      translated("There is no default print queue on %s: name a queue, or choose the "
+                 "default with lpoptions -d. %s",
+                 serverName(), remedyFor(http)));
 }
 
 void checkQueueName(const std::string& name) {
@@ -101,8 +102,7 @@ void checkQueueName(const std::string& name) {
                               std::string_view(" /\\?'\"#").find(byte) != std::string_view::npos;
                      });
   if (valid) return;
-  throw PrintError(
-      PrintError::Kind::Usage,
+  throw PrintError::usage(
       translated("\"%s\" cannot be the name of a print queue: it has 1 to 127 bytes and "
                  "no blanks, slashes, quotes, \"?\" or \"#\".",
                  shown(name)));

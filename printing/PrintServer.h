@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The CUPS server that libcups is configured for: CUPS_SERVER, client.conf or the local one.
 #pragma once
 

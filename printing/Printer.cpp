@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/Printer.h"
 
 #include <algorithm>
@@ -103,8 +104,7 @@ JobTicket::Options Printer::jobOptions(const JobTicket& ticket) const {
   for (const char* option : {cCoverMediaType, cPageMediaType}) {
     const auto choice = options.find(option);
     if (!ppd_ || choice == options.end() || ppd_->choice(option, choice->second)) continue;
-    throw PrintError(
-        PrintError::Kind::Refused,
+    throw PrintError::refused(
         translated("The printer %s has no choice \"%s\" for %s. Choose another medium.",
                    shown(name_), shown(choice->second), option));
   }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where a job goes: a print queue, or a PPD alone when there is no server.
 #pragma once
 

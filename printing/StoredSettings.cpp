@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/StoredSettings.h"
 
 #include <algorithm>
@@ -49,11 +50,10 @@ std::optional<std::string> faultOf(const std::string& key, const std::string& va
 }
 
 PrintError cannotWrite(const std::string& path, const std::string& reason) {
-  return {
-      PrintError::Kind::Trouble,
+  return PrintError::trouble(
       translated("The settings cannot be stored in %s: %s. The earlier settings stay; check the "
                  "folder's permissions and the free space.",
-                 shown(path), reason)};
+                 shown(path), reason));
 }
 
 // Runs `keep` with the first of FILE.broken-1, -2, ... that is free and answers that name; empty
@@ -121,19 +121,20 @@ void readEntries(Reading& reading, const std::string& path) {
 
 Reading readFile(const std::string& path) {
   Reading reading;
-  std::string reason;
-  const auto contents = textOfFile(path, kLargestFile, reason);
+  TextFile contents = readTextFile(path, kLargestFile);
   GError* failure = nullptr;
-  if (contents && g_key_file_load_from_data(reading.file.get(), contents->data(), contents->size(),
-                                            G_KEY_FILE_KEEP_COMMENTS, &failure) == FALSE) {
-    reason = shown(GlibError(failure)->message);
+  if (contents.isRead() &&
+      g_key_file_load_from_data(reading.file.get(), contents.text.data(), contents.text.size(),
+                                G_KEY_FILE_KEEP_COMMENTS, &failure) == FALSE) {
+    contents.fault = shown(GlibError(failure)->message);
   }
-  if (reason.empty()) {
+  if (contents.fault.empty()) {
     readEntries(reading, path);
   } else {
     reading.isKeyFile = false;
     reading.file.reset(g_key_file_new());
-    reading.faults.push_back(translated("%s cannot be read as settings: %s.", shown(path), reason));
+    reading.faults.push_back(
+        translated("%s cannot be read as settings: %s.", shown(path), contents.fault));
   }
   return reading;
 }
@@ -216,8 +217,7 @@ bool StoredSettings::clear(const std::string& queue) const {
   const std::string path = fileOf(queue);
   if (g_unlink(path.c_str()) == 0) return true;
   if (errno == ENOENT || errno == ENOTDIR) return false;
-  throw PrintError(
-      PrintError::Kind::Trouble,
+  throw PrintError::trouble(
       translated("The settings in %s cannot be removed: %s.", shown(path), g_strerror(errno)));
 }
 

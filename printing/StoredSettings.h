@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the panel remembers from one job to the next: one key file for each print queue of a user.
 #pragma once
 

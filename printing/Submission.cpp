@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/Submission.h"
 
 #include <algorithm>
@@ -70,7 +71,7 @@ class UnfinishedJob {
       }
       sent += length;
       if (progress && !progress(sent, std::max(sent, document.size()))) {
-        throw PrintError(PrintError::Kind::Refused, translated("The job was cancelled."));
+        throw PrintError::refused(translated("The job was cancelled."));
       }
     }
     if (cupsFinishDestDocument(http_, queue_, info_.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
@@ -92,10 +93,10 @@ class UnfinishedJob {
 // something else.
 void checkSamePPD(http_t* http, const Printer& printer) {
   if (printer.ppd() == nullptr || printer.ppd()->isStillThatOf(http, printer.name())) return;
-  throw PrintError(PrintError::Kind::Refused,
-                   translated("The driver of the queue %s was changed meanwhile. Look at the "
-                              "choices again, then print once more.",
-                              printer.name()));
+  throw PrintError::refused(
+      translated("The driver of the queue %s was changed meanwhile. Look at the "
+                 "choices again, then print once more.",
+                 printer.name()));
 }
 
 }  // namespace
@@ -103,8 +104,7 @@ void checkSamePPD(http_t* http, const Printer& printer) {
 int submit(const Printer& printer, const JobTicket& ticket, Document& document,
            const std::string& title, const SendProgress& progress) {
   if (!printer.isQueue()) {
-    throw PrintError(
-        PrintError::Kind::Usage,
+    throw PrintError::usage(
         translated("%s is no print queue: name one, or give the name of an output file.",
                    shown(printer.name())));
   }
@@ -124,8 +124,7 @@ void checkJobTitle(const std::string& title) {
       g_utf8_validate(title.data(), static_cast<gssize>(title.size()), nullptr) &&
       std::none_of(title.begin(), title.end(), [](char byte) { return g_ascii_iscntrl(byte); });
   if (valid) return;
-  throw PrintError(
-      PrintError::Kind::Refused,
+  throw PrintError::refused(
       translated("\"%s\" cannot be the title of a job: use 1 to 255 bytes of UTF-8 text "
                  "in one line.",
                  shown(title)));

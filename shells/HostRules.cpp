@@ -2,12 +2,13 @@
 #include "shells/HostRules.h"
 
 #include "base/GlibHandles.h"
+#include "shells/ExtensionNames.h"
 
 namespace publishing {
 namespace {
 
-constexpr const char* kFile = "publishing/dialog/rules.ini";
-constexpr const char* kGroup = "Dialog";
+constexpr const char* kFile = PUBLISHING_RULES_FILE;
+constexpr const char* kGroup = PUBLISHING_RULES_GROUP;
 constexpr int kMostSeconds = 600;
 
 bool readFile(GKeyFile* file, const gchar* folder, HostRules& rules) {
@@ -54,7 +55,7 @@ void readSeconds(GKeyFile* file, HostRules& rules) {
 HostRules HostRules::load() {
   HostRules rules;
   const GlibKeyFile file = readFiles(rules);
-  readSwitch(file.get(), "Extension", "PUBLISHING_EXTENSION", rules.extension);
+  readSwitch(file.get(), PUBLISHING_RULES_SWITCH, PUBLISHING_SWITCH, rules.extension);
   readSwitch(file.get(), "ShowHiddenPanels", "PUBLISHING_SHOW_HIDDEN_PANELS",
              rules.showHiddenPanels);
   readSeconds(file.get(), rules);

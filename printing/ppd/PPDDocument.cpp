@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/ppd/PPDDocument.h"
 
 #include <algorithm>
@@ -67,10 +68,10 @@ PPDHandle opened(const std::string& path, const std::string& name) {
   PPDHandle ppd(ppdOpenFile(path.c_str()));
   if (!ppd) {
     const std::string fault = lastFault();
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The PPD of %s cannot be used: %s. Install the printer's PPD again "
-                                "or choose another one.",
-                                shown(name), fault));
+    throw PrintError::trouble(
+        translated("The PPD of %s cannot be used: %s. Install the printer's PPD again "
+                   "or choose another one.",
+                   shown(name), fault));
   }
   ppdMarkDefaults(ppd.get());
   return ppd;
@@ -96,9 +97,9 @@ class FetchedPPD {
     const http_status_t status =
         cupsGetPPD3(http, queue.c_str(), &modified, path_.data(), path_.size());
     if (status == HTTP_STATUS_OK || status == HTTP_STATUS_NOT_FOUND) return;
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The print server does not hand out the PPD of the queue %s: %s.",
-                                queue, cupsLastErrorString()));
+    throw PrintError::trouble(
+        translated("The print server does not hand out the PPD of the queue %s: %s.", queue,
+                   cupsLastErrorString()));
   }
   ~FetchedPPD() {
     if (exists()) unlink(path_.data());

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An opened PPD: its marks, its texts for the user, and the conflicts among its choices. Every PPD
 // call of libcups outside the panel is made in PPDDocument.cpp.
 #pragma once

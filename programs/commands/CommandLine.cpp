@@ -1,6 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/CommandLine.h"
-
-#include <iostream>
 
 #include <CLI/CLI.hpp>
 
@@ -12,6 +11,7 @@
 #include "programs/commands/PagesCommand.h"
 #include "programs/commands/PrintCommand.h"
 #include "programs/commands/SettingsCommand.h"
+#include "programs/terminal/Terminal.h"
 
 namespace publishing {
 
@@ -32,8 +32,8 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kWrongUsage;
   } catch (const PrintError& error) {
-    std::cerr << "publishing: " << error.what() << '\n';
-    return static_cast<ExitStatus>(error.exitStatus());
+    warn(error.what());
+    return exitStatusOf(error.kind());
   }
   return status;
 }

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "programs/commands/ExitStatus.h"
+#include "programs/terminal/ExitStatus.h"
 
 namespace publishing {
 

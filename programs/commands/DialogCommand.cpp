@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/DialogCommand.h"
 
 #include <cerrno>
@@ -25,10 +26,10 @@ std::string dialogProgram() {
 [[noreturn]] void becomeDialog(const std::string& document) {
   const std::string program = dialogProgram();
   execlp(program.c_str(), "publishing-dialog", document.c_str(), nullptr);
-  throw PrintError(PrintError::Kind::Trouble,
-                   translated("The print dialog cannot be started (%s). Install "
-                              "publishing-print-dialog, or use: publishing print %s",
-                              std::strerror(errno), shown(document)));
+  throw PrintError::trouble(
+      translated("The print dialog cannot be started (%s). Install "
+                 "publishing-print-dialog, or use: publishing print %s",
+                 std::strerror(errno), shown(document)));
 }
 
 }  // namespace

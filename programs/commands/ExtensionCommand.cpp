@@ -1,7 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/ExtensionCommand.h"
 
 #include <cstdlib>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +12,8 @@
 #include "base/Translation.h"
 #include "programs/gtk-settings/GtkSettingsFile.h"
 #include "programs/gtk-settings/GtkSettingsPlaces.h"
+#include "programs/terminal/Terminal.h"
+#include "shells/ExtensionNames.h"
 #include "shells/HostRules.h"
 #include "shells/PanelDump.h"
 
@@ -20,9 +22,6 @@ namespace {
 
 using nlohmann::json;
 using Change = GtkSettingsFile::Change;
-
-constexpr const char* kSwitch = "PUBLISHING_EXTENSION";
-constexpr const char* kRules = "/publishing/dialog/rules.ini";
 
 struct ExtensionOptions {
   bool system = false;
@@ -42,7 +41,8 @@ State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) 
   State state = {printBackends(places, !options.system), printBackendLibrary(), {}};
   const HostRules rules = HostRules::load();
   if (!rules.extension) {
-    state.switchedOffBy = std::getenv(kSwitch) != nullptr ? kSwitch : shown(rules.file);
+    state.switchedOffBy =
+        std::getenv(PUBLISHING_SWITCH) != nullptr ? PUBLISHING_SWITCH : shown(rules.file);
   }
   return state;
 }
@@ -56,14 +56,6 @@ GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& 
                      "changed.")};
 }
 
-void say(const std::string& text) {
-  std::cout << text << '\n';
-}
-
-void warn(const std::string& text) {
-  std::cerr << "publishing: " << text << '\n';
-}
-
 std::string nameOf(const PrintBackends& backends) {
   return backends.file.empty() ? translated("GTK's own setting") : shown(backends.file);
 }
@@ -72,8 +64,8 @@ void warnOf(const State& state) {
   for (const std::string& warning : state.backends.warnings)
     warn(warning);
   if (!state.library) {
-    warn(translated("GTK does not find %s. Install the package %s.",
-                    "libprintbackend-publishing.so", "publishing-print-dialog"));
+    warn(translated("GTK does not find %s. Install the package %s.", PUBLISHING_BACKEND_LIBRARY,
+                    "publishing-print-dialog"));
   }
   if (state.switchedOffBy) {
     warn(translated("%s switches the panel off all the same.", *state.switchedOffBy));
@@ -154,7 +146,8 @@ ExitStatus runDisable(const ExtensionOptions& options) {
           : translated("The panel is still on, because %s lists \"publishing\". Off for all users: "
                        "sudo publishing extension disable --system. Off for you: Extension=false "
                        "in the group [Dialog] of %s.",
-                       nameOf(state.backends), std::string(g_get_user_config_dir()) + kRules));
+                       nameOf(state.backends),
+                       std::string(g_get_user_config_dir()) + "/" PUBLISHING_RULES_FILE));
   return kRefused;
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/MediaCommand.h"
 
 #include <algorithm>
@@ -12,8 +13,9 @@
 #include "Publishing/PublishingKeys.h"
 #include "base/Translation.h"
 #include "printing/JobTicket.h"
-#include "programs/commands/JobOption.h"
-#include "programs/commands/PrinterOption.h"
+#include "programs/commands/OptionAssignments.h"
+#include "programs/commands/PrinterArgument.h"
+#include "programs/terminal/Terminal.h"
 #include "shells/MediaReason.h"
 #include "shells/PanelDump.h"
 #include "shells/headless/PanelUser.h"
@@ -24,7 +26,7 @@ namespace {
 using nlohmann::json;
 
 struct MediaOptions {
-  PrinterOption printer;
+  PrinterArgument printer;
   std::vector<std::string> marks;
   bool json = false;
 };
@@ -72,13 +74,13 @@ void printMedia(const std::string& heading, const json& media) {
 ExitStatus runMedia(const MediaOptions& options) {
   Printer printer = options.printer.open();
   JobTicket ticket = printer.newTicket();
-  setJobOptions(printer, ticket, options.marks);
+  assignOptions(printer, ticket, options.marks);
   PanelUser user(printer, ticket);
   const json report = {{"printer", printer.name()},
                        {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
                        {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
   if (options.json) {
-    std::cout << toLine(report) << '\n';
+    say(toLine(report));
   } else {
     printMedia(translated("Cover media"), report["cover"]);
     printMedia(translated("Insert media"), report["insert"]);
@@ -92,7 +94,7 @@ void addMediaCommand(CLI::App& app, ExitStatus& status) {
   auto options = std::make_shared<MediaOptions>();
   CLI::App* command =
       app.add_subcommand("media", translated("List the media for covers and inserts"));
-  addPrinterOption(*command, options->printer);
+  addPrinterArgument(*command, options->printer);
   command
       ->add_option("--mark", options->marks,
                    translated("List as if this choice of the printer were made (repeatable)"))

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <CLI/CLI.hpp>
 
-#include "programs/commands/ExitStatus.h"
+#include "programs/terminal/ExitStatus.h"
 
 namespace publishing {
 

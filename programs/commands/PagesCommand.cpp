@@ -1,7 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/PagesCommand.h"
 
 #include <cstdint>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,6 +11,7 @@
 #include "Publishing/PageListAlert.h"
 #include "Publishing/parseNum.h"
 #include "base/Translation.h"
+#include "programs/terminal/Terminal.h"
 
 namespace publishing {
 namespace {
@@ -29,16 +30,16 @@ ExitStatus runPages(const PagesOptions& options) {
                                               options.coverValue, kHighestPage, kMostPages);
   if (options.json) {
     const nlohmann::ordered_json report = {{"result", result}, {"count", count}, {"pages", pages}};
-    std::cout << report.dump() << '\n';
+    say(report.dump());
   }
   if (result != kPageListOK) {
     const auto [title, message] = alertForPageList(result, options.twoSided, options.coverValue);
-    std::cerr << "publishing: " << translated(title) << ": " << translated(message) << '\n';
+    warn(translated(title) + ": " + translated(message));
     return kRefused;
   }
   if (!options.json) {
     for (const std::int32_t page : pages)
-      std::cout << page << '\n';
+      say(std::to_string(page));
   }
   return kDone;
 }

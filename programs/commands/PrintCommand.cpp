@@ -1,6 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/PrintCommand.h"
 
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,9 +16,10 @@
 #include "printing/PrintError.h"
 #include "printing/StoredSettings.h"
 #include "printing/Submission.h"
-#include "programs/commands/JobOption.h"
 #include "programs/commands/JobProgress.h"
-#include "programs/commands/PrinterOption.h"
+#include "programs/commands/OptionAssignments.h"
+#include "programs/commands/PrinterArgument.h"
+#include "programs/terminal/Terminal.h"
 #include "shells/PanelDump.h"
 #include "shells/PanelSummary.h"
 #include "shells/headless/PanelUser.h"
@@ -27,7 +28,7 @@ namespace publishing {
 namespace {
 
 struct PrintOptions {
-  PrinterOption printer;
+  PrinterArgument printer;
   std::string output;
   std::optional<std::string> sides;
   std::optional<int> numberUp;
@@ -47,9 +48,7 @@ struct PrintOptions {
 
 // Throws for combinations that CLI11 cannot express.
 void checkUsage(const PrintOptions& options) {
-  const auto fail = [](const std::string& message) {
-    throw PrintError(PrintError::Kind::Usage, message);
-  };
+  const auto fail = [](const std::string& message) { throw PrintError::usage(message); };
   const bool offline = !options.printer.ppd.empty();
   if (offline && options.output.empty() && !options.dryRun) {
     fail(translated("--ppd prints into a file: name it with --output FILE."));
@@ -69,9 +68,8 @@ JobTicket ticketFor(Printer& printer, const PrintOptions& options) {
   JobTicket ticket = printer.newTicket();
   if (printer.isQueue() && !options.fresh) {
     const StoredSettings::Loaded stored = StoredSettings().load(printer.name());
-    for (const std::string& warning : stored.warnings) {
-      std::cerr << "publishing: " << warning << '\n';
-    }
+    for (const std::string& warning : stored.warnings)
+      warn(warning);
     for (const auto& [key, value] : stored.values)
       ticket.setValue(key, value);
   }
@@ -79,7 +77,7 @@ JobTicket ticketFor(Printer& printer, const PrintOptions& options) {
   if (options.numberUp) ticket.setNumberUp(*options.numberUp);
   if (options.reverse) ticket.setReverse(true);
   if (options.copies) ticket.setCopies(*options.copies);
-  setJobOptions(printer, ticket, options.jobOptions);
+  assignOptions(printer, ticket, options.jobOptions);
   return ticket;
 }
 
@@ -98,7 +96,7 @@ void refuseConflicts(const std::vector<std::string>& conflicts) {
     message += "\n  " + conflict;
   message += '\n';
   message += translated("Change one of them, or insist with --ignore-conflicts.");
-  throw PrintError(PrintError::Kind::Refused, message);
+  throw PrintError::refused(message);
 }
 
 // Programs read this: in English whatever the user's language is.
@@ -129,13 +127,13 @@ ExitStatus sendJob(const PrintOptions& options, const Printer& printer, const Jo
   const int job = submit(printer, ticket, document, title);
   report["job"] = job;
   if (!options.json) {
-    std::cout << translated("Job %d is sent to %s.", job, printer.name()) << '\n';
+    say(translated("Job %d is sent to %s.", job, printer.name()));
   }
   if (!options.wait) return kDone;
   const JobStatus last = followWithProgress(job);
   report["state"] = last.isCompleted() ? "completed" : "failed";
   if (last.isCompleted()) return kDone;
-  std::cerr << "publishing: " << last.text() << '\n';
+  warn(last.text());
   return kRefused;
 }
 
@@ -155,16 +153,16 @@ ExitStatus runPrint(const PrintOptions& options) {
   if (!conflicts.empty() && !options.ignoreConflicts) refuseConflicts(conflicts);
   nlohmann::json report = reportOf(user.panel(), printer, ticket, conflicts);
 
-  if (!options.json) std::cout << summaryOf(user.panel().state(), ", ") << '\n';
+  if (!options.json) say(summaryOf(user.panel().state(), ", "));
   ExitStatus status = kDone;
   if (options.dryRun) {
-    if (!options.json) std::cout << translated("Nothing was printed: this was a dry run.") << '\n';
+    if (!options.json) say(translated("Nothing was printed: this was a dry run."));
   } else if (printer.isQueue()) {
     status = sendJob(options, printer, ticket, document, title, report);
   } else {
     printToFile(printer, ticket, document, title, options.output);
   }
-  if (options.json) std::cout << toLine(report) << '\n';
+  if (options.json) say(toLine(report));
   return status;
 }
 
@@ -222,7 +220,7 @@ void addPrintCommand(CLI::App& app, ExitStatus& status) {
   auto options = std::make_shared<PrintOptions>();
   CLI::App* command =
       app.add_subcommand("print", translated("Print a document with covers and inserts"));
-  addPrinterOption(*command, options->printer);
+  addPrinterArgument(*command, options->printer);
   command
       ->add_option("-o,--output", options->output,
                    translated("With --ppd: the file to print into, without a print server"))

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/SettingsCommand.h"
 
 #include <iostream>
@@ -9,6 +10,7 @@
 #include "base/Translation.h"
 #include "printing/PrintServer.h"
 #include "printing/StoredSettings.h"
+#include "programs/terminal/Terminal.h"
 #include "shells/PanelDump.h"
 
 namespace publishing {
@@ -30,13 +32,13 @@ ExitStatus runShow(const SettingsOptions& options) {
   const std::string queue = queueOf(options);
   const StoredSettings::Loaded loaded = StoredSettings().load(queue);
   for (const std::string& warning : loaded.warnings)
-    std::cerr << "publishing: " << warning << '\n';
+    warn(warning);
   if (options.json) {
-    std::cout << toLine({{"queue", queue}, {"settings", loaded.values}}) << '\n';
+    say(toLine({{"queue", queue}, {"settings", loaded.values}}));
     return kDone;
   }
   for (const auto& [key, value] : loaded.values)
-    std::cout << key << '=' << value << '\n';
+    say(key + '=' + value);
   if (loaded.values.empty()) {
     std::cerr << translated("Nothing is stored for %s.", queue) << '\n';
   }
@@ -47,12 +49,11 @@ ExitStatus runClear(const SettingsOptions& options) {
   const std::string queue = queueOf(options);
   const bool cleared = StoredSettings().clear(queue);
   if (options.json) {
-    std::cout << toLine({{"queue", queue}, {"cleared", cleared}}) << '\n';
+    say(toLine({{"queue", queue}, {"cleared", cleared}}));
   } else {
-    std::cout << translated(cleared ? N_("The settings stored for %s are cleared.")
-                                    : N_("Nothing was stored for %s."),
-                            queue)
-              << '\n';
+    say(translated(
+        cleared ? N_("The settings stored for %s are cleared.") : N_("Nothing was stored for %s."),
+        queue));
   }
   return kDone;
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/dialog/DialogExtension.h"
 
 #include <cstdlib>
@@ -6,13 +7,12 @@
 
 #include "base/Translation.h"
 #include "printing/PrintError.h"
+#include "programs/gtk-settings/GtkSettingsText.h"
+#include "shells/ExtensionNames.h"
 
 namespace publishing::DialogExtension {
 namespace {
 
-constexpr const char* kName = "publishing";
-constexpr const char* kFile = "libprintbackend-publishing.so";
-constexpr const char* kSetting = "gtk-print-backends";
 constexpr const char* kSearchPath = "GTK_PATH";
 
 // Both the build folder and an installation have it beside the programs' folder.
@@ -21,19 +21,15 @@ std::filesystem::path printBackends() {
   return (own.parent_path() / PUBLISHING_PRINTBACKENDS_DIR).lexically_normal();
 }
 
-bool names(const std::string& list) {
-  return ("," + list + ",").find(std::string(",") + kName + ",") != std::string::npos;
-}
-
 }  // namespace
 
 void makeFindable() {
   const std::filesystem::path folder = printBackends();
-  if (!std::filesystem::exists(folder / kFile)) {
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("The print dialog's extension %s is missing. Install publishing "
-                                "again, or use: publishing print FILE",
-                                (folder / kFile).string()));
+  if (!std::filesystem::exists(folder / PUBLISHING_BACKEND_LIBRARY)) {
+    throw PrintError::trouble(
+        translated("The print dialog's extension %s is missing. Install publishing "
+                   "again, or use: publishing print FILE",
+                   (folder / PUBLISHING_BACKEND_LIBRARY).string()));
   }
   // GTK itself appends its version and "printbackends".
   std::string path = folder.parent_path().parent_path().string();
@@ -43,11 +39,11 @@ void makeFindable() {
 
 void enable(GtkSettings* settings) {
   gchar* value = nullptr;
-  g_object_get(settings, kSetting, &value, nullptr);
+  g_object_get(settings, GTK_BACKENDS_SETTING, &value, nullptr);
   const std::string backends = value != nullptr ? value : "";
   g_free(value);
-  if (names(backends)) return;
-  g_object_set(settings, kSetting, (backends + "," + kName).c_str(), nullptr);
+  if (listsPublishing(backends)) return;
+  g_object_set(settings, GTK_BACKENDS_SETTING, withPublishing(backends).c_str(), nullptr);
 }
 
 }  // namespace publishing::DialogExtension

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/dialog/DocumentPrinter.h"
 
 #include <algorithm>
@@ -24,8 +25,8 @@ struct OpenFile {
 int openDocument(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) {
-    throw PrintError(PrintError::Kind::Trouble,
-                     translated("%s cannot be read: %s", shown(path), std::strerror(errno)));
+    throw PrintError::trouble(
+        translated("%s cannot be read: %s", shown(path), std::strerror(errno)));
   }
   return file;
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>
@@ -5,7 +6,7 @@
 #include <gtk/gtkunixprint.h>
 
 #include "printing/Document.h"
-#include "programs/commands/ExitStatus.h"
+#include "programs/terminal/ExitStatus.h"
 #include "shells/gtk/GObjectPtr.h"
 
 namespace publishing {

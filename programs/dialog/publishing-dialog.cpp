@@ -1,8 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 // publishing-dialog FILE: opens the desktop's print dialog for a PDF or PostScript file and prints
 // it. The dialog gets the panel "Publishing" as in every program: from the extension that GTK
 // loads.
 #include <clocale>
-#include <iostream>
 #include <string>
 
 #include <gtk/gtk.h>
@@ -10,9 +10,10 @@
 #include "base/Translation.h"
 #include "printing/Document.h"
 #include "printing/PrintError.h"
-#include "programs/commands/ExitStatus.h"
 #include "programs/dialog/DialogExtension.h"
 #include "programs/dialog/DocumentPrinter.h"
+#include "programs/terminal/ExitStatus.h"
+#include "programs/terminal/Terminal.h"
 #include "shells/gtk/GObjectPtr.h"
 
 namespace {
@@ -20,7 +21,7 @@ namespace {
 using namespace publishing;
 
 int fail(const std::string& message, ExitStatus status) {
-  std::cerr << "publishing-dialog: " << message << '\n';
+  warn(message);
   return status;
 }
 
@@ -40,6 +41,7 @@ int printWithDialog(const std::string& path) {
 
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
+  g_set_prgname("publishing-dialog");
   bindTranslations();
   try {
     DialogExtension::makeFindable();
@@ -52,7 +54,7 @@ int main(int argc, char** argv) {
     }
     return printWithDialog(argv[1]);
   } catch (const PrintError& error) {
-    return fail(error.what(), static_cast<ExitStatus>(error.exitStatus()));
+    return fail(error.what(), exitStatusOf(error.kind()));
   } catch (const std::exception& error) {
     return fail(error.what(), kTrouble);
   }

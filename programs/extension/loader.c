@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The print backend "publishing", which is no backend: GTK loads it where its setting
 // gtk-print-backends names it, while a program makes its print dialog. That is when it hooks the
 // class of print dialogs; each dialog then gets the panel as soon as it is constructed, before its
@@ -7,6 +8,8 @@
 // Everything here runs on the thread of the user interface.
 #include <gmodule.h>
 #include <gtk/gtkunixprint.h>
+
+#include "shells/ExtensionNames.h"
 
 #define PANEL_LIBRARY "libpublishing-panel.so"
 #define PANEL_ENTRY "publishing_panel_attach"
@@ -63,7 +66,7 @@ static void hook(GType type) {
 }
 
 static gboolean is_switched_off(void) {
-  const gchar* wish = g_getenv("PUBLISHING_EXTENSION");
+  const gchar* wish = g_getenv(PUBLISHING_SWITCH);
   return g_strcmp0(wish, "0") == 0 || g_strcmp0(wish, "off") == 0;
 }
 

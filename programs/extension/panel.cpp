@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The panel library's one door for the loader, which is plain C.
 #include <gtk/gtkunixprint.h>
 

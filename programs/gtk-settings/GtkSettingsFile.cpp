@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/gtk-settings/GtkSettingsFile.h"
 
 #include <cerrno>
@@ -19,14 +20,10 @@ using Made = GtkSettingsText::Made;
 
 constexpr std::size_t kLargestFile = 1048576;  // bytes; a usual one has less than 1 KiB
 
-PrintError trouble(const std::string& message) {
-  return {PrintError::Kind::Trouble, message};
-}
-
 // The file itself, whatever links lead to it.
 fs::path targetOf(const std::string& path) {
   if (!fs::is_symlink(path) || fs::exists(path)) return fs::weakly_canonical(path);
-  throw trouble(
+  throw PrintError::trouble(
       translated("%s is a link to %s, which is not there. Make that file or remove the "
                  "link; nothing was changed.",
                  shown(path), shown(fs::read_symlink(path))));
@@ -34,18 +31,17 @@ fs::path targetOf(const std::string& path) {
 
 // Nothing when there is no such file.
 std::optional<GtkSettingsText> readFile(const std::string& path) {
-  std::string reason;
-  auto text = textOfFile(path, kLargestFile, reason);
-  if (!reason.empty()) {
-    throw trouble(
+  TextFile file = readTextFile(path, kLargestFile);
+  if (file.isUnusable()) {
+    throw PrintError::trouble(
         translated("%s cannot be read: %s. Check its permissions and what it is; nothing "
                    "was changed.",
-                   shown(path), reason));
+                   shown(path), file.fault));
   }
-  if (!text) return std::nullopt;
-  GtkSettingsText settings(std::move(*text));
+  if (file.isMissing()) return std::nullopt;
+  GtkSettingsText settings(std::move(file.text));
   if (const auto fault = settings.fault()) {
-    throw trouble(
+    throw PrintError::trouble(
         translated("GTK does not understand %s: %s. Mend the file or move it away; "
                    "nothing was changed.",
                    shown(path), *fault));
@@ -61,10 +57,11 @@ Change changed(const std::string& path, const std::string& remedy, const Action&
   } catch (const std::system_error& error) {
     const int code = error.code().value();
     const bool forbidden = code == EACCES || code == EPERM;
-    throw trouble(translated("%s cannot be changed: %s. %s", shown(path), error.code().message(),
-                             forbidden ? remedy
-                                       : translated("Check the file system and its free space; "
-                                                    "nothing was changed.")));
+    throw PrintError::trouble(
+        translated("%s cannot be changed: %s. %s", shown(path), error.code().message(),
+                   forbidden ? remedy
+                             : translated("Check the file system and its free space; "
+                                          "nothing was changed.")));
   }
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/gtk-settings/GtkSettingsPlaces.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include "base/TextFile.h"
 #include "base/Translation.h"
 #include "programs/gtk-settings/GtkSettingsText.h"
+#include "shells/ExtensionNames.h"
 
 namespace publishing {
 namespace {
@@ -35,7 +37,7 @@ std::string listBuiltIntoGtk() {
   const auto settingsType = reinterpret_cast<GType (*)()>(symbol);
   gpointer settings = g_type_class_ref(settingsType());
   const GParamSpec* setting =
-      g_object_class_find_property(G_OBJECT_CLASS(settings), "gtk-print-backends");
+      g_object_class_find_property(G_OBJECT_CLASS(settings), GTK_BACKENDS_SETTING);
   if (setting != nullptr && G_IS_PARAM_SPEC_STRING(setting)) {
     const char* text = G_PARAM_SPEC_STRING(setting)->default_value;
     if (text != nullptr) list = text;
@@ -46,15 +48,14 @@ std::string listBuiltIntoGtk() {
 
 PrintBackends backendsAfter(std::string builtIn, std::span<const std::string> files) {
   PrintBackends result = {std::move(builtIn), {}, {}};
-  for (const std::string& file : files) {
-    std::string reason;
-    const auto text = textOfFile(file, kLargestFile, reason);
-    if (text) reason = GtkSettingsText(*text).fault().value_or("");
-    if (!reason.empty()) {
-      result.warnings.push_back(translated("GTK ignores %s: %s.", shown(file), reason));
-    } else if (text) {
-      const auto list = GtkSettingsText(*text).backends();
-      if (list) result = {*list, file, std::move(result.warnings)};
+  for (const std::string& path : files) {
+    const TextFile file = readTextFile(path, kLargestFile);
+    const GtkSettingsText settings(file.text);
+    const std::string fault = file.isRead() ? settings.fault().value_or("") : file.fault;
+    if (!fault.empty()) {
+      result.warnings.push_back(translated("GTK ignores %s: %s.", shown(path), fault));
+    } else if (const auto list = settings.backends()) {
+      result = {*list, path, std::move(result.warnings)};
     }
   }
   return result;
@@ -97,7 +98,7 @@ std::optional<std::string> printBackendLibrary() {
     for (const char* version : {"/" PUBLISHING_GTK_BINARY_VERSION, ""}) {
       for (const char* host : {"/" PUBLISHING_GTK_HOST, ""}) {
         const std::string library =
-            folder + version + host + "/printbackends/libprintbackend-publishing.so";
+            folder + version + host + "/printbackends/" PUBLISHING_BACKEND_LIBRARY;
         if (std::error_code ignored; std::filesystem::exists(library, ignored)) return library;
       }
     }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where GTK 3 looks for its settings and for print backends (GTK 3.24: gtksettings.c,
 // gtkmodules.c).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "programs/gtk-settings/GtkSettingsText.h"
 
 #include <algorithm>
@@ -9,13 +10,14 @@
 #include <glib.h>
 
 #include "base/Translation.h"
+#include "shells/ExtensionNames.h"
 
 namespace publishing {
 namespace {
 
-constexpr std::string_view kBackend = "publishing";
+constexpr std::string_view kBackend = PUBLISHING_BACKEND;
 constexpr std::string_view kHeader = "[Settings]";
-constexpr std::string_view kKey = "gtk-print-backends";
+constexpr std::string_view kKey = GTK_BACKENDS_SETTING;
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
 using Made = GtkSettingsText::Made;
@@ -141,6 +143,12 @@ bool listsPublishing(std::string_view backends) {
   return placeInList(backends).has_value();
 }
 
+std::string withPublishing(std::string_view backends) {
+  std::string list(backends);
+  if (listsPublishing(list)) return list;
+  return list.append(trimmed(list).empty() ? "" : ",").append(kBackend);
+}
+
 std::optional<std::string> GtkSettingsText::fault() const {
   const std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)> file(g_key_file_new(),
                                                                     g_key_file_unref);
@@ -165,10 +173,8 @@ std::optional<std::string> GtkSettingsText::backends() const {
 
 void GtkSettingsText::enable(const std::string& inherited, Made made) {
   if (const auto entry = lastEntry(text_)) {
-    const std::string list = *backends();
-    if (listsPublishing(list)) return;
-    const char* comma = trimmed(list).empty() ? "" : ",";
-    text_.insert(entry->value.end, comma + std::string(kBackend));
+    const Range value = entry->value;
+    text_.replace(value.begin, value.end - value.begin, withPublishing(*backends()));
     return;
   }
   const Lines lines = linesOf(text_);
@@ -178,9 +184,7 @@ void GtkSettingsText::enable(const std::string& inherited, Made made) {
       lines.empty() || lines.front().end == lines.front().next
           ? "\n"
           : text_.substr(lines.front().end, lines.front().next - lines.front().end);
-  const std::string list(trimmed(inherited));
-  const std::string entry =
-      std::string(kKey) + "=" + list + (list.empty() ? "" : ",") + std::string(kBackend);
+  const std::string entry = std::string(kKey) + "=" + withPublishing(trimmed(inherited));
   std::string added = std::string(kMarks.at(static_cast<std::size_t>(made))) + entry + lineEnd;
   if (!header) added += std::string(kHeader) + lineEnd;
   added += entry;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The text of a settings.ini of GTK 3, edited without touching a byte that others wrote.
 #pragma once
 
@@ -49,7 +50,11 @@ class GtkSettingsText {
   std::string text_;
 };
 
-// Whether a list of print backends holds "publishing".
+// Whether GTK finds "publishing" in a list of print backends: names are separated by commas, blanks
+// around them do not count.
 bool listsPublishing(std::string_view backends);
+
+// The list with "publishing" at its end, unless it holds it already.
+std::string withPublishing(std::string_view backends);
 
 }  // namespace publishing

@@ -38,13 +38,6 @@ constexpr const char* kNeedsBoth =
     N_("it needs a back cover (--cover front-back) and two-sided printing (--sides)");
 constexpr const char* kAlwaysOffered = "";
 
-PrintError refused(const std::string& message) {
-  return {PrintError::Kind::Refused, message};
-}
-PrintError wrongUsage(const std::string& message) {
-  return {PrintError::Kind::Usage, message};
-}
-
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -81,7 +74,7 @@ void PanelUser::applyCover(const PanelRequest& request) {
   }
   if (!request.coverMedia && !request.coverSides) return;
   if (panel_->state().covermodeEnableState != 1) {
-    throw wrongUsage(
+    throw PrintError::usage(
         translated("There is no cover: --cover-media and --cover-sides need --cover front or "
                    "--cover front-back."));
   }
@@ -103,7 +96,7 @@ void PanelUser::applyInsert(const PanelRequest& request) {
   }
   if (!request.insertMedia && !request.insertSides) return;
   if (panel_->state().pageinsertEnableState != 1) {
-    throw wrongUsage(
+    throw PrintError::usage(
         translated("There are no inserts: --insert-media and --insert-sides need --insert LIST."));
   }
   if (request.insertMedia) choose(kInsert, *request.insertMedia);
@@ -117,7 +110,7 @@ void PanelUser::switchFeature(const char* checkBox, bool on) {
   HeadlessCheckBox& box = *bundle_->interface()->checkBox(checkBox);
   if ((box.state() == 1) == on) return;
   if (!box.isEnabled()) {
-    throw refused(
+    throw PrintError::refused(
         translated("Covers and inserts are not possible with reverse output order or several pages "
                    "per side. Leave out --reverse and --number-up, or the covers and inserts."));
   }
@@ -126,7 +119,7 @@ void PanelUser::switchFeature(const char* checkBox, bool on) {
 
 void PanelUser::requireMedia(const Media& media) const {
   if (popUp(media.popUp).numberOfItems() > 0) return;
-  throw refused(
+  throw PrintError::refused(
       translated("%s offers no media for this: its PPD has no choices of the option %s. "
                  "Choose a printer that can do covers and inserts.",
                  printer_.name(), media.option));
@@ -136,7 +129,7 @@ void PanelUser::choose(const Media& media, const std::string& wanted) {
   const std::int64_t index = itemOf(media, wanted);
   HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(media.popUp);
   if (!popUp.isItemEnabledAtIndex(index)) {
-    throw refused(
+    throw PrintError::refused(
         translated("%s is not available: %s. Choose another medium or change that setting.",
                    shown(popUp.itemTitleAtIndex(index)),
                    reasonAgainstMedia(*panel_, printer_, media.option, index)));
@@ -164,7 +157,7 @@ std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) co
     known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));
   }
   if (byText) return *byText;
-  throw refused(
+  throw PrintError::refused(
       translated("%s has no medium \"%s\". It has:%s", printer_.name(), shown(wanted), known));
 }
 
@@ -173,13 +166,13 @@ void PanelUser::tick(const std::vector<Side>& sides, const std::vector<std::stri
     const bool known = std::any_of(sides.begin(), sides.end(),
                                    [&name](const Side& side) { return side.name == name; });
     if (!known && name != kNone)
-      throw wrongUsage(translated("There is no side \"%s\".", shown(name)));
+      throw PrintError::usage(translated("There is no side \"%s\".", shown(name)));
   }
   for (const Side& side : sides) {
     HeadlessCheckBox& box = *bundle_->interface()->checkBox(side.checkBox);
     const bool on = contains(wanted, side.name);
     if (on && !box.isEnabled()) {
-      throw refused(
+      throw PrintError::refused(
           translated("The side %s cannot be printed: %s.", side.name, translated(side.condition)));
     }
     if ((box.state() == 1) != on) box.click();
@@ -190,8 +183,9 @@ void PanelUser::typePages(const std::string& list) {
   HeadlessTextField& field = *bundle_->interface()->textField("PiPageNum");
   field.type(list);
   if (field.stringValue() != list) {
-    throw refused(translated("%s: %s \"%s\" holds other characters than digits, \"-\" and \",\".",
-                             translated(kNumError), translated(kEnterNum), shown(list)));
+    throw PrintError::refused(
+        translated("%s: %s \"%s\" holds other characters than digits, \"-\" and \",\".",
+                   translated(kNumError), translated(kEnterNum), shown(list)));
   }
 }
 
@@ -201,7 +195,7 @@ void PanelUser::save() {
   for (const std::string& alert : alerts_)
     message += (message.empty() ? "" : "\n") + alert;
   alerts_.clear();
-  throw refused(message);
+  throw PrintError::refused(message);
 }
 
 }  // namespace publishing

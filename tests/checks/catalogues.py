@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The translations in po/, for the checks of this folder."""
 
 import ast

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Why the panel and libcups can give different answers about a tray.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How long the panel's model takes to load, beside opening the same PPD.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Compares the panel's model of one PPD with libcups.
 #pragma once
 

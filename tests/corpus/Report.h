@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A corpus run as text: Markdown tables, and lists of what needs a look.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // libcups asked about trays: which marked choices of other options forbid a tray.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Compares the panel's PPD model with libcups over folders of PPDs; docs/corpus.md explains.
 #include <algorithm>
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The private CUPS server of tests/cups/private-cups, for GoogleTest programs.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The faults that mutate puts into a C++ source: one changed token, one statement left out, or two
 statements swapped. Comments, preprocessor lines and data tables stay as they are."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Mutants of Publishing/ that do what the sources do, so that no test can tell them apart:
 (file, the lines as they are, the lines as mutated) to the reason, with the line before as a fourth
 where the same lines stand elsewhere too. Blanks count once."""

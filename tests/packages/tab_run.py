@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """tab_run.py with|without: whether the print dialog of a program from Debian has the panel's tab.
 
 Runs under tests/support/with-display with NO_AT_BRIDGE empty.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "printing/JobTicket.h"
 #include "tests/shells/conformance/Conformance.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files that the tests of printing/ print and open.
 #pragma once
 

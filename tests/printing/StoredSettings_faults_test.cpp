@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Storing settings while something goes wrong: the process dies, the disk is full, permissions are
 // missing, or another program stores too.
 #include <atomic>

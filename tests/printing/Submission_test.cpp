@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Against a real print server: see tests/cups/PrivateCups.h.
 #include "printing/Submission.h"
 

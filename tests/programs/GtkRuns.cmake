@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Whole runs from outside, through the accessibility bus, on a display of their own.
 set(run_environment NO_AT_BRIDGE= PYTHONDONTWRITEBYTECODE=1
   "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support")
@@ -65,3 +66,11 @@ publishing_add_run(installed-dialog-run dialog/publishing-dialog_run.py
   "${CMAKE_BINARY_DIR}/installed/bin/publishing-dialog" "${PROJECT_SOURCE_DIR}")
 set_tests_properties(install PROPERTIES FIXTURES_SETUP installed)
 set_tests_properties(installed-dialog-run PROPERTIES FIXTURES_REQUIRED installed)
+
+# The dialog program's own units.
+publishing_add_tests(dialog-program-tests DISPLAY
+  SOURCES
+    dialog/DialogExtension_test.cpp
+    "${PROJECT_SOURCE_DIR}/programs/dialog/DialogExtension.cpp"
+  LIBRARIES publishing-gtk-settings PkgConfig::GTK)
+target_compile_definitions(dialog-program-tests PRIVATE PUBLISHING_PRINTBACKENDS_DIR="")

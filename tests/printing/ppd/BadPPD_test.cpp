@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PPDs that break the rules, from the file to the panel's model: docs/bad-inputs.md.
 #include <optional>
 

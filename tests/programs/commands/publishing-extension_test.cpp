@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // "publishing extension" as a user calls it.
 #include <filesystem>
 #include <map>

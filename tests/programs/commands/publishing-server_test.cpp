@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program publishing as a user calls it, against a real print server.
 #include <algorithm>
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program publishing as a user calls it, without a print server.
 #include <map>
 #include <string>

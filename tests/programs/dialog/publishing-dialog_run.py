@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """A whole run of publishing-dialog from outside, through the accessibility bus, against a print
 server of its own: publishing-dialog_run.py PROGRAM PROJECT_FOLDER.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """The extension in programs that know nothing of it, from outside, against a print server of its own:
 extension_run.py BUILD_FOLDER PROJECT_FOLDER CASE...
 extension_run.py BUILD_FOLDER PROJECT_FOLDER --table   writes the table in docs/extension.md anew

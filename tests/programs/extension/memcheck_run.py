@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """memcheck over ten print dialogs of one program, with the extension and without:
 memcheck_run.py BUILD_FOLDER PROJECT_FOLDER. Takes some minutes. Fails when an error or a loss has the
 extension on its stack, or when the memory grows more from dialog to dialog than without it. Runs under

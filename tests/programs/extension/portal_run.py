@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """The extension in the desktop portal's print dialog, which serves a GTK 4 program that has none:
 portal_run.py BUILD_FOLDER PROJECT_FOLDER. Runs under tests/support/with-display with NO_AT_BRIDGE empty.
 """

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """Pictures of the tab in the print dialogs of programs that know nothing of it:
 program_screenshots.py BUILD_FOLDER PROJECT_FOLDER FOLDER. Runs under tests/support/with-display with
 NO_AT_BRIDGE empty.

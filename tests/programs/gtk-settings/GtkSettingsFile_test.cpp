@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Switching the extension on and off in a settings.ini of GTK, also while something goes wrong.
 #include "programs/gtk-settings/GtkSettingsFile.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which list of print backends counts, and which library GTK would load.
 #include "programs/gtk-settings/GtkSettingsPlaces.h"
 

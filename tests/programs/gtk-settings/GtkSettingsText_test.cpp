@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Switching the extension on and off in the text of a settings.ini of GTK.
 #include "programs/gtk-settings/GtkSettingsText.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loaded before GTK (LD_PRELOAD), makes it look like another one:
 //   ANOTHER_GTK_MINOR=N     its version is 3.N
 //   ANOTHER_GTK_LACKS=NAME  it has no function NAME for those who look it up

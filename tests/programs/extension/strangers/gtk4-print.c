@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A GTK 4 program that prints pages of its own with a print operation; it knows nothing of the
 // panel. With GDK_DEBUG=portals, as in a sandbox, it asks the desktop portal to show the print
 // dialog.

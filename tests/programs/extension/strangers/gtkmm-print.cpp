@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A gtkmm program with the print dialog; it knows nothing of the panel. The binding makes a
 // subclass of the dialog before it makes the first one:
 //   gtkmm-print FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A GTK program that shows the print dialog N times, one after the other, looks at each of its tabs
 // and presses Print, but prints nothing; it knows nothing of the panel:
 //   many-dialogs N QUEUE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A GTK program that shows the print dialog itself and sends a job of its own; it knows nothing of
 // the panel:
 //   print-dialog [--times N] [--at-once N] [--forget-backends] FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A GTK program that prints pages of its own with a print operation; it knows nothing of the panel:
 //   print-operation [--async] [--times N]
 // Shows the dialog N times, one after the other, each with the settings of the last job.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>
@@ -11,7 +12,7 @@ namespace publishing {
 // Puts "NAME=VALUE" assignments into the ticket and renews the printer's marks. Throws PrintError:
 // Usage for a text that is no assignment, Refused for a value that cannot be sent or for a choice
 // that the printer's PPD does not have.
-void setJobOptions(Printer& printer, JobTicket& ticket,
+void assignOptions(Printer& printer, JobTicket& ticket,
                    const std::vector<std::string>& assignments);
 
 }  // namespace publishing

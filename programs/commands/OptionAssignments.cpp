@@ -1,4 +1,5 @@
-#include "programs/commands/JobOption.h"
+// SPDX-License-Identifier: Apache-2.0
+#include "programs/commands/OptionAssignments.h"
 
 #include <algorithm>
 
@@ -17,22 +18,21 @@ void checkChoice(const Printer& printer, const std::string& option, const std::s
     known += "\n  " + shown(candidate.choice) + "  " + candidate.choiceText;
   }
   if (known.empty()) return;  // not the PPD's: a job option for the server
-  throw PrintError(PrintError::Kind::Refused,
-                   translated("%s has no choice \"%s\" for its option %s. It has:%s",
-                              printer.name(), shown(choice), option, known));
+  throw PrintError::refused(translated("%s has no choice \"%s\" for its option %s. It has:%s",
+                                       printer.name(), shown(choice), option, known));
 }
 
 }  // namespace
 
-void setJobOptions(Printer& printer, JobTicket& ticket,
+void assignOptions(Printer& printer, JobTicket& ticket,
                    const std::vector<std::string>& assignments) {
   for (const std::string& assignment : assignments) {
     const std::size_t equals = assignment.find('=');
     if (equals == std::string::npos || equals == 0) {
-      throw PrintError(PrintError::Kind::Usage,
-                       translated("\"%s\" does not name an option and its value. Write it as "
-                                  "NAME=VALUE, for example MediaType=Coated.",
-                                  shown(assignment)));
+      throw PrintError::usage(
+          translated("\"%s\" does not name an option and its value. Write it as "
+                     "NAME=VALUE, for example MediaType=Coated.",
+                     shown(assignment)));
     }
     const std::string name = assignment.substr(0, equals);
     const std::string value = assignment.substr(equals + 1);

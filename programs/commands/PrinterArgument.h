@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>
@@ -9,7 +10,7 @@
 namespace publishing {
 
 // The printer that a command works with, as its command line names it.
-struct PrinterOption {
+struct PrinterArgument {
   std::string queue;
   std::string ppd;
 
@@ -19,6 +20,6 @@ struct PrinterOption {
 };
 
 // Adds -d QUEUE and --ppd FILE, which exclude each other. `option` must outlive the parsing.
-void addPrinterOption(CLI::App& command, PrinterOption& option);
+void addPrinterArgument(CLI::App& command, PrinterArgument& option);
 
 }  // namespace publishing

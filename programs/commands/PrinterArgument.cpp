@@ -1,28 +1,27 @@
-#include "programs/commands/PrinterOption.h"
-
-#include <iostream>
+// SPDX-License-Identifier: Apache-2.0
+#include "programs/commands/PrinterArgument.h"
 
 #include "base/Translation.h"
+#include "programs/terminal/Terminal.h"
 
 namespace publishing {
 namespace {
 
-Printer openPrinter(const PrinterOption& option) {
+Printer openPrinter(const PrinterArgument& option) {
   if (!option.ppd.empty()) return Printer::openPPD(option.ppd);
   return option.queue.empty() ? Printer::openDefaultQueue() : Printer::openQueue(option.queue);
 }
 
 }  // namespace
 
-Printer PrinterOption::open() const {
+Printer PrinterArgument::open() const {
   Printer printer = openPrinter(*this);
-  for (const std::string& warning : printer.warnings()) {
-    std::cerr << "publishing: " << warning << '\n';
-  }
+  for (const std::string& warning : printer.warnings())
+    warn(warning);
   return printer;
 }
 
-void addPrinterOption(CLI::App& command, PrinterOption& option) {
+void addPrinterArgument(CLI::App& command, PrinterArgument& option) {
   CLI::Option* queue = command.add_option("-d,--printer", option.queue,
                                           translated("Print queue (default: the user's)"));
   queue->type_name("QUEUE");
