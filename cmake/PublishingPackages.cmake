@@ -8,16 +8,14 @@ set(PUBLISHING_MAINTAINER "The Publishing authors <publishing@zephrel.com>"
     CACHE STRING "Maintainer of the packages")
 set(debian "${PROJECT_SOURCE_DIR}/packaging/debian")
 
-# The version of the packages is the changelog's.
-file(STRINGS "${debian}/changelog" heading LIMIT_COUNT 1)
-if(NOT heading MATCHES "^publishing \\(([0-9.]+)-([0-9]+)\\)" OR
-   NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
-  message(FATAL_ERROR "packaging/debian/changelog has no entry for version ${PROJECT_VERSION}")
-endif()
-set(CPACK_DEBIAN_PACKAGE_RELEASE "${CMAKE_MATCH_2}")
+# The newest entry of Debian's changelog is made here, from the version and the day of its release.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+execute_process(COMMAND date --utc --rfc-email "--date=${PUBLISHING_RELEASE_DAY} 12:00"
+                OUTPUT_VARIABLE release_date OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+configure_file("${debian}/changelog.in" changelog @ONLY)
 
 # What Debian's policy asks of each package.
-foreach(file IN ITEMS "${debian}/changelog=changelog.Debian" "${PROJECT_SOURCE_DIR}/CHANGELOG.md=changelog")
+foreach(file IN ITEMS "${CMAKE_CURRENT_BINARY_DIR}/changelog=changelog.Debian" "${PROJECT_SOURCE_DIR}/CHANGELOG.md=changelog")
   string(REPLACE "=" ";" file "${file}")
   list(GET file 0 source)
   list(GET file 1 name)

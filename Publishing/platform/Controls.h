@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The controls that the panel needs from a user-interface toolkit.
 //
 // Common to all of them: changing a control from code never fires its action; only a gesture of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Decides which texts a text field takes while the user edits it.
 #pragma once
 

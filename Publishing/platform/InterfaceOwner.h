@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How an interface description is bound to the object that owns it: the owner lists its outlets and
 // actions by name, and whatever loads the description connects them. Every shell binds the same
 // way.

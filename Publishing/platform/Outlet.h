@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An outlet is the panel's reference to one of its controls. Until the interface description is
 // loaded it refers to a stand-in: changing it does nothing and it answers zero, false or nothing to
 // every question. The panel can thus be driven before it is seen.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Trace log: indented lines in one file a process,
 // /tmp/com.zephrel.pde.VTAccountID.log_<time of the first line>.txt. Nothing in the panel calls it;
 // it is there for whoever looks for a fault.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The 8-bit character encoding of NeXTSTEP: ASCII and 126 Latin letters, marks and signs above it.
 #pragma once
 

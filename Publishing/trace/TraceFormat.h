@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Formatting with "%@" and printf conversions that cannot go wrong: each argument knows its type,
 // so a text with the wrong conversions, or too many of them, still gives a defined result.
 #pragma once

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The stage of panel scripts on real widgets, with the toolkit's warnings as test failures.
 add_library(gtk-stage STATIC AlertWatch.cpp GtkStage.cpp)
 target_link_libraries(gtk-stage PUBLIC publishing-gtk)

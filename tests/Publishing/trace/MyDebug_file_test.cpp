@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The trace log's file: its name, its mode, and lines that cannot be written.
 #include <algorithm>
 #include <climits>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/Publishing/trace/TracingProcess.h"
 
 #include <cstdio>

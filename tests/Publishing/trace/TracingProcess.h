@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runs parts of a test in a process of their own: the trace log's name, file and indentation belong
 // to a process and stay as the first line found them.
 #pragma once
