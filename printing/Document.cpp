@@ -36,10 +36,10 @@ Document::Document(const std::string& path) : path_(path) {
   struct stat information {};
   if (stat(path.c_str(), &information) != 0) refuse(path, g_strerror(errno));
   if (S_ISDIR(information.st_mode)) {
-    refuse(path, translated("it is a folder. Name a PDF or PostScript file."));
+    refuse(path, translated("it is a folder. Specify a PDF or PostScript file."));
   }
   if (!S_ISREG(information.st_mode)) {
-    refuse(path, translated("it is no regular file. Name a PDF or PostScript file."));
+    refuse(path, translated("it is not a regular file. Specify a PDF or PostScript file."));
   }
   size_ = static_cast<std::uint64_t>(information.st_size);
   if (size_ == 0) refuse(path, translated("it is empty."));

@@ -60,7 +60,7 @@ JobStatus statusFrom(ipp_t* response, int job) {
   ipp_attribute_t* state = ippFindAttribute(response, "job-state", IPP_TAG_ENUM);
   if (state == nullptr || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
     throw PrintError::trouble(
-        translated("The print server %s does not tell the state of job %d: %s", serverName(), job,
+        translated("The print server %s does not report the state of job %d: %s", serverName(), job,
                    cupsLastErrorString()));
   }
   status.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));

@@ -46,9 +46,10 @@ bool hasControlCharacter(const std::string& text) {
 const char* faultOfValue(const std::string& value) {
   if (!g_utf8_validate(value.data(), static_cast<gssize>(value.size()), nullptr))
     return N_("it is not valid UTF-8 text");
-  if (hasControlCharacter(value)) return N_("it has a line break or another control character");
+  if (hasControlCharacter(value))
+    return N_("it contains a line break or another control character");
   if (value.size() > kLongestJobOption) return N_("it is longer than 255 bytes");
-  if (value.starts_with('{')) return N_("CUPS takes a leading \"{\" for a collection of options");
+  if (value.starts_with('{')) return N_("CUPS reads a leading \"{\" as a collection of options");
   if (equalsIgnoringCase(value, "true") || equalsIgnoringCase(value, "false"))
     return N_("CUPS turns the words \"true\" and \"false\" into a switch");
   return nullptr;

@@ -97,7 +97,8 @@ class Chain {
  public:
   explicit Chain(const std::vector<std::string>& arguments) : messages_(std::tmpfile()) {
     if (messages_ == nullptr)
-      throw PrintError::trouble(translated("No temporary file: %s", g_strerror(errno)));
+      throw PrintError::trouble(
+          translated("A temporary file cannot be created: %s", g_strerror(errno)));
     std::vector<const char*> argv;
     argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
@@ -199,8 +200,8 @@ void checkNoForeignProgram(const Printer& printer) {
   const auto program = printer.ppd()->foreignProgram();
   if (!program) return;
   throw PrintError::refused(
-      translated("The PPD %s runs a program of its own (%s), which is not done without "
-                 "a print server. Use the PPD of a PostScript printer.",
+      translated("The PPD %s runs its own program (%s), which is not allowed without a print "
+                 "server. Use the PPD of a PostScript printer.",
                  shown(printer.name()), shown(*program)));
 }
 

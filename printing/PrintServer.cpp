@@ -38,7 +38,7 @@ bool isUnknownQueue() {
 
 PrintError noAnswer() {
   return PrintError::trouble(
-      translated("The print server %s does not answer properly: %s. Check that it runs.",
+      translated("The print server %s does not respond properly: %s. Check that it is running.",
                  serverName(), cupsLastErrorString()));
 }
 
@@ -55,8 +55,8 @@ HttpHandle connectToServer() {
                                kConnectMilliseconds, nullptr));
   if (!http) {
     throw PrintError::trouble(
-        translated("The print server %s cannot be reached: %s. Start it (service cups "
-                   "start) or name another one in CUPS_SERVER.",
+        translated("The print server %s cannot be reached: %s. Start it (service cups start) or "
+                   "set CUPS_SERVER to another one.",
                    serverName(), cupsLastErrorString()));
   }
   httpSetTimeout(http.get(), kAnswerSeconds, giveUp, nullptr);
@@ -88,10 +88,9 @@ DestinationHandle findDefaultQueue(http_t* http) {
   DestinationHandle destination(cupsGetNamedDest(http, nullptr, nullptr));
   if (destination) return destination;
   if (!isUnknownQueue()) throw noAnswer();
-  throw PrintError::trouble(
-      translated("There is no default print queue on %s: name a queue, or choose the "
-                 "default with lpoptions -d. %s",
-                 serverName(), remedyFor(http)));
+  throw PrintError::trouble(translated(
+      "There is no default print queue on %s: name a queue, or set a default with lpoptions -d. %s",
+      serverName(), remedyFor(http)));
 }
 
 void checkQueueName(const std::string& name) {
@@ -103,8 +102,8 @@ void checkQueueName(const std::string& name) {
                      });
   if (valid) return;
   throw PrintError::usage(
-      translated("\"%s\" cannot be the name of a print queue: it has 1 to 127 bytes and "
-                 "no blanks, slashes, quotes, \"?\" or \"#\".",
+      translated("\"%s\" cannot be the name of a print queue: use 1 to 127 bytes without spaces, "
+                 "slashes, quotes, \"?\" or \"#\".",
                  shown(name)));
 }
 

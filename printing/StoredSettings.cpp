@@ -51,8 +51,8 @@ std::optional<std::string> faultOf(const std::string& key, const std::string& va
 
 PrintError cannotWrite(const std::string& path, const std::string& reason) {
   return PrintError::trouble(
-      translated("The settings cannot be stored in %s: %s. The earlier settings stay; check the "
-                 "folder's permissions and the free space.",
+      translated("The settings cannot be stored in %s: %s. The earlier settings are kept; check "
+                 "the folder's permissions and free space.",
                  shown(path), reason));
 }
 
@@ -93,7 +93,7 @@ void readEntry(Reading& reading, const std::string& group, const std::string& ke
     reading.faults.push_back(translated("%s: %s", shown(path), reason));
   };
   if (group != kGroup || !isStored(key)) {
-    report(translated("The entry %s is unknown and was left out.", shown(key)));
+    report(translated("The entry %s is unknown and was ignored.", shown(key)));
     return;
   }
   GError* failure = nullptr;
@@ -180,7 +180,7 @@ StoredSettings::Loaded StoredSettings::load(const std::string& queue) const {
   Reading reading = readFile(path);
   if (!reading.isKeyFile) {
     const std::string aside = moveAside(path);
-    reading.faults.back() += " " + (aside.empty() ? translated("It was left as it is; remove it.")
+    reading.faults.back() += " " + (aside.empty() ? translated("It was left in place; remove it.")
                                                   : translated("It was kept as %s.", shown(aside)));
   }
   return {std::move(reading.values), std::move(reading.faults)};

@@ -40,7 +40,7 @@ class UnfinishedJob {
     if (cupsCreateDestJob(http, queue, info_.get(), &number_, title.c_str(), options.count(),
                           options.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
       number_ = 0;
-      throw serverError(translated("The queue %s does not take the job", queue->name));
+      throw serverError(translated("The queue %s did not accept the job", queue->name));
     }
   }
   // Over a connection of its own: this one may stand in the middle of the document. Without a
@@ -61,7 +61,7 @@ class UnfinishedJob {
   void send(Document& document, const std::string& title, const SendProgress& progress) {
     if (cupsStartDestDocument(http_, queue_, info_.get(), number_, title.c_str(), document.format(),
                               0, nullptr, 1) != HTTP_STATUS_CONTINUE) {
-      throw serverError(translated("The queue %s does not take the document", queue_->name));
+      throw serverError(translated("The queue %s did not accept the document", queue_->name));
     }
     std::array<char, kBufferSize> buffer{};
     std::uint64_t sent = 0;
@@ -94,8 +94,8 @@ class UnfinishedJob {
 void checkSamePPD(http_t* http, const Printer& printer) {
   if (printer.ppd() == nullptr || printer.ppd()->isStillThatOf(http, printer.name())) return;
   throw PrintError::refused(
-      translated("The driver of the queue %s was changed meanwhile. Look at the "
-                 "choices again, then print once more.",
+      translated("The driver of the queue %s has changed in the meantime. Check your choices, then "
+                 "print again.",
                  printer.name()));
 }
 
@@ -105,7 +105,7 @@ int submit(const Printer& printer, const JobTicket& ticket, Document& document,
            const std::string& title, const SendProgress& progress) {
   if (!printer.isQueue()) {
     throw PrintError::usage(
-        translated("%s is no print queue: name one, or give the name of an output file.",
+        translated("%s is not a print queue: name one, or give the name of an output file.",
                    shown(printer.name())));
   }
   checkJobTitle(title);
@@ -124,10 +124,9 @@ void checkJobTitle(const std::string& title) {
       g_utf8_validate(title.data(), static_cast<gssize>(title.size()), nullptr) &&
       std::none_of(title.begin(), title.end(), [](char byte) { return g_ascii_iscntrl(byte); });
   if (valid) return;
-  throw PrintError::refused(
-      translated("\"%s\" cannot be the title of a job: use 1 to 255 bytes of UTF-8 text "
-                 "in one line.",
-                 shown(title)));
+  throw PrintError::refused(translated(
+      "\"%s\" cannot be the title of a job: use 1 to 255 bytes of UTF-8 text on one line.",
+      shown(title)));
 }
 
 }  // namespace publishing

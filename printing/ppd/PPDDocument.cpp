@@ -57,8 +57,8 @@ std::vector<std::string> faultsOf(const std::string& path, const std::string& na
   const ppd_status_t status = ppdLastError(nullptr);
   if (status == PPD_ILLEGAL_WHITESPACE || status == PPD_LINE_TOO_LONG) return {};
   return {
-      translated("The PPD of %s may be damaged or cut off (%s): choices may be missing. Install "
-                 "the printer's PPD again.",
+      translated("The PPD of %s may be damaged or truncated (%s): choices may be missing. "
+                 "Reinstall the printer's PPD.",
                  shown(name), fault)};
 }
 
@@ -68,10 +68,9 @@ PPDHandle opened(const std::string& path, const std::string& name) {
   PPDHandle ppd(ppdOpenFile(path.c_str()));
   if (!ppd) {
     const std::string fault = lastFault();
-    throw PrintError::trouble(
-        translated("The PPD of %s cannot be used: %s. Install the printer's PPD again "
-                   "or choose another one.",
-                   shown(name), fault));
+    throw PrintError::trouble(translated(
+        "The PPD of %s cannot be used: %s. Reinstall the printer's PPD or choose another one.",
+        shown(name), fault));
   }
   ppdMarkDefaults(ppd.get());
   return ppd;
@@ -98,7 +97,7 @@ class FetchedPPD {
         cupsGetPPD3(http, queue.c_str(), &modified, path_.data(), path_.size());
     if (status == HTTP_STATUS_OK || status == HTTP_STATUS_NOT_FOUND) return;
     throw PrintError::trouble(
-        translated("The print server does not hand out the PPD of the queue %s: %s.", queue,
+        translated("The print server did not provide the PPD of the queue %s: %s.", queue,
                    cupsLastErrorString()));
   }
   ~FetchedPPD() {

@@ -49,11 +49,11 @@ State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) 
 
 GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
   if (!options.system) {
-    return {places.userFile, translated("Make it yours and writable; nothing was changed.")};
+    return {places.userFile,
+            translated("Make sure that you own it and may write to it; nothing was changed.")};
   }
-  return {places.systemFile,
-          translated("It is the administrator's: put \"sudo\" before the command; nothing was "
-                     "changed.")};
+  return {places.systemFile, translated("It belongs to the administrator: put \"sudo\" before the "
+                                        "command; nothing was changed.")};
 }
 
 std::string nameOf(const PrintBackends& backends) {
@@ -64,11 +64,11 @@ void warnOf(const State& state) {
   for (const std::string& warning : state.backends.warnings)
     warn(warning);
   if (!state.library) {
-    warn(translated("GTK does not find %s. Install the package %s.", PUBLISHING_BACKEND_LIBRARY,
+    warn(translated("GTK cannot find %s. Install the package %s.", PUBLISHING_BACKEND_LIBRARY,
                     "publishing-print-dialog"));
   }
   if (state.switchedOffBy) {
-    warn(translated("%s switches the panel off all the same.", *state.switchedOffBy));
+    warn(translated("%s still switches the panel off.", *state.switchedOffBy));
   }
 }
 
@@ -108,15 +108,15 @@ ExitStatus runEnable(const ExtensionOptions& options) {
   } else if (change != Change::None) {
     say(
         translated("%s: the print backend \"publishing\" was added. Programs that you start from "
-                   "now on show the panel in their print dialogs.",
+                   "now on will show the panel in their print dialogs.",
                    shown(file.path())));
   } else if (state.isListed()) {
-    say(translated("Nothing to do: %s lists \"publishing\" already.", nameOf(state.backends)));
+    say(translated("Nothing to do: %s already lists \"publishing\".", nameOf(state.backends)));
   }
   warnOf(state);
   if (state.isListed()) return kDone;
   warn(
-      translated("%s has another list, which counts instead: gtk-print-backends=%s. Add "
+      translated("%s has another list, which takes precedence: gtk-print-backends=%s. Add "
                  "\"publishing\" there.",
                  nameOf(state.backends), shown(state.backends.list)));
   return kRefused;
@@ -130,9 +130,9 @@ ExitStatus runDisable(const ExtensionOptions& options) {
   if (options.json) {
     writeChange(file.path(), change, state);
   } else if (change == Change::Written) {
-    say(translated("%s: the print backend \"publishing\" was taken out.", shown(file.path())));
+    say(translated("%s: the print backend \"publishing\" was removed.", shown(file.path())));
   } else if (change == Change::Removed) {
-    say(translated("%s was removed: it held nothing but the print backend \"publishing\".",
+    say(translated("%s was removed: it contained nothing but the print backend \"publishing\".",
                    shown(file.path())));
   } else {
     say(translated("Nothing to do: %s does not list \"publishing\".", shown(file.path())));
@@ -140,14 +140,13 @@ ExitStatus runDisable(const ExtensionOptions& options) {
   for (const std::string& warning : state.backends.warnings)
     warn(warning);
   if (!state.isListed()) return kDone;
-  warn(
-      options.system
-          ? translated("%s still lists \"publishing\". Take it out there.", nameOf(state.backends))
-          : translated("The panel is still on, because %s lists \"publishing\". Off for all users: "
-                       "sudo publishing extension disable --system. Off for you: Extension=false "
-                       "in the group [Dialog] of %s.",
-                       nameOf(state.backends),
-                       std::string(g_get_user_config_dir()) + "/" PUBLISHING_RULES_FILE));
+  warn(options.system
+           ? translated("%s still lists \"publishing\". Remove it there.", nameOf(state.backends))
+           : translated("The panel is still on, because %s lists \"publishing\". To switch it off "
+                        "for all users: sudo publishing extension disable --system. To switch it "
+                        "off for yourself: Extension=false in the group [Dialog] of %s.",
+                        nameOf(state.backends),
+                        std::string(g_get_user_config_dir()) + "/" PUBLISHING_RULES_FILE));
   return kRefused;
 }
 
@@ -174,13 +173,13 @@ void addExtensionCommand(CLI::App& app, ExitStatus& status) {
   extension->require_subcommand(1);
   const auto add = [&](const char* name, const std::string& help, auto run) {
     CLI::App* command = extension->add_subcommand(name, help);
-    command->add_flag("--system", options->system, translated("For all users, not for you alone"));
+    command->add_flag("--system", options->system, translated("For all users, not just for you"));
     command->add_flag("--json", options->json, translated("Write the result as JSON"));
     command->callback([options, run, &status] { status = run(*options); });
   };
   add("enable", translated("Switch the panel on"), runEnable);
-  add("disable", translated("Switch the panel off; undoes enable"), runDisable);
-  add("status", translated("Tell whether the panel is on, and what is missing"), runStatus);
+  add("disable", translated("Switch the panel off; undo enable"), runDisable);
+  add("status", translated("Show whether the panel is on, and what is missing"), runStatus);
 }
 
 }  // namespace publishing

@@ -97,7 +97,7 @@ void addMediaCommand(CLI::App& app, ExitStatus& status) {
   addPrinterArgument(*command, options->printer);
   command
       ->add_option("--mark", options->marks,
-                   translated("List as if this choice of the printer were made (repeatable)"))
+                   translated("List as if this printer option were chosen (repeatable)"))
       ->type_name("OPTION=CHOICE")
       ->expected(1)
       ->take_all();

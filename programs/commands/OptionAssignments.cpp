@@ -18,8 +18,9 @@ void checkChoice(const Printer& printer, const std::string& option, const std::s
     known += "\n  " + shown(candidate.choice) + "  " + candidate.choiceText;
   }
   if (known.empty()) return;  // not the PPD's: a job option for the server
-  throw PrintError::refused(translated("%s has no choice \"%s\" for its option %s. It has:%s",
-                                       printer.name(), shown(choice), option, known));
+  throw PrintError::refused(
+      translated("%s has no choice \"%s\" for its option %s. The choices are:%s", printer.name(),
+                 shown(choice), option, known));
 }
 
 }  // namespace

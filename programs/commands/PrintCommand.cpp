@@ -95,7 +95,7 @@ void refuseConflicts(const std::vector<std::string>& conflicts) {
   for (const std::string& conflict : conflicts)
     message += "\n  " + conflict;
   message += '\n';
-  message += translated("Change one of them, or insist with --ignore-conflicts.");
+  message += translated("Change one of them, or print anyway with --ignore-conflicts.");
   throw PrintError::refused(message);
 }
 
@@ -127,7 +127,7 @@ ExitStatus sendJob(const PrintOptions& options, const Printer& printer, const Jo
   const int job = submit(printer, ticket, document, title);
   report["job"] = job;
   if (!options.json) {
-    say(translated("Job %d is sent to %s.", job, printer.name()));
+    say(translated("Job %d was sent to %s.", job, printer.name()));
   }
   if (!options.wait) return kDone;
   const JobStatus last = followWithProgress(job);
@@ -236,7 +236,8 @@ void addPrintCommand(CLI::App& app, ExitStatus& status) {
   CLI::Option* dryRun = command->add_flag("--dry-run", options->dryRun,
                                           translated("Check everything, print and store nothing"));
   command
-      ->add_flag("--wait", options->wait, translated("Follow the job until it is done or failed"))
+      ->add_flag("--wait", options->wait,
+                 translated("Follow the job until it is done or has failed"))
       ->excludes(dryRun);
   command->add_flag("--json", options->json, translated("Write the result as JSON"));
   command->add_option("FILE", options->document, translated("PDF or PostScript document"))

@@ -23,7 +23,7 @@ Printer PrinterArgument::open() const {
 
 void addPrinterArgument(CLI::App& command, PrinterArgument& option) {
   CLI::Option* queue = command.add_option("-d,--printer", option.queue,
-                                          translated("Print queue (default: the user's)"));
+                                          translated("Print queue (default: your default queue)"));
   queue->type_name("QUEUE");
   command.add_option("--ppd", option.ppd, translated("PPD file to use instead of a queue"))
       ->type_name("FILE")

@@ -52,7 +52,7 @@ ExitStatus runClear(const SettingsOptions& options) {
     say(toLine({{"queue", queue}, {"cleared", cleared}}));
   } else {
     say(translated(
-        cleared ? N_("The settings stored for %s are cleared.") : N_("Nothing was stored for %s."),
+        cleared ? N_("The settings stored for %s were cleared.") : N_("Nothing was stored for %s."),
         queue));
   }
   return kDone;
@@ -68,7 +68,7 @@ void addSettingsCommand(CLI::App& app, ExitStatus& status) {
   const auto add = [&](const char* name, const std::string& help, auto run) {
     CLI::App* command = settings->add_subcommand(name, help);
     command->add_option("-d,--printer", options->queue,
-                        translated("Print queue (default: the user's)"));
+                        translated("Print queue (default: your default queue)"));
     command->add_flag("--json", options->json, translated("Write the result as JSON"));
     command->callback([options, run, &status] { status = run(*options); });
   };

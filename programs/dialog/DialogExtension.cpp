@@ -27,8 +27,8 @@ void makeFindable() {
   const std::filesystem::path folder = printBackends();
   if (!std::filesystem::exists(folder / PUBLISHING_BACKEND_LIBRARY)) {
     throw PrintError::trouble(
-        translated("The print dialog's extension %s is missing. Install publishing "
-                   "again, or use: publishing print FILE",
+        translated("The print dialog's extension %s is missing. Reinstall publishing, or use: "
+                   "publishing print FILE",
                    (folder / PUBLISHING_BACKEND_LIBRARY).string()));
   }
   // GTK itself appends its version and "printbackends".

@@ -113,7 +113,7 @@ void DocumentPrinter::showFailure(const std::string& printer, const std::string&
   gtk_message_dialog_format_secondary_text(
       GTK_MESSAGE_DIALOG(notice), "%s",
       translated("The print server says: %s\nChoose another printer, or try again when the server "
-                 "has been mended.",
+                 "is working.",
                  reason)
           .c_str());
   gtk_dialog_run(GTK_DIALOG(notice));

@@ -24,8 +24,8 @@ constexpr std::size_t kLargestFile = 1048576;  // bytes; a usual one has less th
 fs::path targetOf(const std::string& path) {
   if (!fs::is_symlink(path) || fs::exists(path)) return fs::weakly_canonical(path);
   throw PrintError::trouble(
-      translated("%s is a link to %s, which is not there. Make that file or remove the "
-                 "link; nothing was changed.",
+      translated("%s is a link to %s, which does not exist. Create that file or remove the link; "
+                 "nothing was changed.",
                  shown(path), shown(fs::read_symlink(path))));
 }
 
@@ -33,18 +33,16 @@ fs::path targetOf(const std::string& path) {
 std::optional<GtkSettingsText> readFile(const std::string& path) {
   TextFile file = readTextFile(path, kLargestFile);
   if (file.isUnusable()) {
-    throw PrintError::trouble(
-        translated("%s cannot be read: %s. Check its permissions and what it is; nothing "
-                   "was changed.",
-                   shown(path), file.fault));
+    throw PrintError::trouble(translated(
+        "%s cannot be read: %s. Check its permissions and that it is a file; nothing was changed.",
+        shown(path), file.fault));
   }
   if (file.isMissing()) return std::nullopt;
   GtkSettingsText settings(std::move(file.text));
   if (const auto fault = settings.fault()) {
-    throw PrintError::trouble(
-        translated("GTK does not understand %s: %s. Mend the file or move it away; "
-                   "nothing was changed.",
-                   shown(path), *fault));
+    throw PrintError::trouble(translated(
+        "GTK does not understand %s: %s. Fix the file or move it away; nothing was changed.",
+        shown(path), *fault));
   }
   return settings;
 }

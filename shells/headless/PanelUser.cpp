@@ -120,8 +120,8 @@ void PanelUser::switchFeature(const char* checkBox, bool on) {
 void PanelUser::requireMedia(const Media& media) const {
   if (popUp(media.popUp).numberOfItems() > 0) return;
   throw PrintError::refused(
-      translated("%s offers no media for this: its PPD has no choices of the option %s. "
-                 "Choose a printer that can do covers and inserts.",
+      translated("%s offers no media for this: its PPD has no choices for the option %s. Choose a "
+                 "printer that supports covers and inserts.",
                  printer_.name(), media.option));
 }
 
@@ -157,8 +157,8 @@ std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) co
     known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));
   }
   if (byText) return *byText;
-  throw PrintError::refused(
-      translated("%s has no medium \"%s\". It has:%s", printer_.name(), shown(wanted), known));
+  throw PrintError::refused(translated("%s has no medium \"%s\". The media are:%s", printer_.name(),
+                                       shown(wanted), known));
 }
 
 void PanelUser::tick(const std::vector<Side>& sides, const std::vector<std::string>& wanted) {
@@ -184,7 +184,7 @@ void PanelUser::typePages(const std::string& list) {
   field.type(list);
   if (field.stringValue() != list) {
     throw PrintError::refused(
-        translated("%s: %s \"%s\" holds other characters than digits, \"-\" and \",\".",
+        translated("%s: %s \"%s\" contains characters other than digits, \"-\" and \",\".",
                    translated(kNumError), translated(kEnterNum), shown(list)));
   }
 }

@@ -55,21 +55,21 @@ TEST_F(PublishingExtension, TellsWhatItDid) {
   EXPECT_EQ(enabled.output,
             userFile_ +
                 ": the print backend \"publishing\" was added. Programs that you start from "
-                "now on show the panel in their print dialogs.\n");
+                "now on will show the panel in their print dialogs.\n");
   EXPECT_THAT(enabled.errors, IsEmpty());
   EXPECT_EQ(run({"enable"}).output,
-            "Nothing to do: " + userFile_ + " lists \"publishing\" already.\n");
+            "Nothing to do: " + userFile_ + " already lists \"publishing\".\n");
   const Outcome disabled = run({"disable"});
   EXPECT_EQ(disabled.status, 0);
   EXPECT_EQ(disabled.output, userFile_ +
-                                 " was removed: it held nothing but the print backend "
+                                 " was removed: it contained nothing but the print backend "
                                  "\"publishing\".\n");
   EXPECT_FALSE(std::filesystem::exists(userFile_));
   EXPECT_EQ(run({"disable"}).output,
             "Nothing to do: " + userFile_ + " does not list \"publishing\".\n");
   (void)folder_.file("user/gtk-3.0/settings.ini", "[Settings]\ngtk-print-backends=publishing");
   EXPECT_EQ(run({"disable"}).output,
-            userFile_ + ": the print backend \"publishing\" was taken out.\n");
+            userFile_ + ": the print backend \"publishing\" was removed.\n");
 }
 
 TEST_F(PublishingExtension, WritesJSONForPrograms) {
@@ -103,7 +103,7 @@ TEST_F(PublishingExtension, StatusTellsWhatIsMissing) {
   EXPECT_THAT(run({"status"}).output, HasSubstr("enabled by " + userFile_));
   EXPECT_THAT(run({"status", "--system"}).output, HasSubstr("not enabled by GTK's own setting"));
   const Outcome without = run({"status"}, {{"GTK_PATH", "/nowhere"}});
-  EXPECT_THAT(without.errors, HasSubstr("GTK does not find libprintbackend-publishing.so"));
+  EXPECT_THAT(without.errors, HasSubstr("GTK cannot find libprintbackend-publishing.so"));
   EXPECT_THAT(without.output, Not(HasSubstr("library:")));
   std::filesystem::create_directories(folder_ / "user/publishing/dialog");
   const std::string rules =
@@ -115,14 +115,14 @@ TEST_F(PublishingExtension, StatusTellsWhatIsMissing) {
   EXPECT_EQ(json::parse(ruled.output)["switchedOffBy"], rules);
   for (const char* off : {"0", "off"}) {
     EXPECT_EQ(run({"status"}, {{"PUBLISHING_EXTENSION", off}}).errors,
-              "publishing: PUBLISHING_EXTENSION switches the panel off all the same.\n");
+              "publishing: PUBLISHING_EXTENSION still switches the panel off.\n");
   }
 }
 
 TEST_F(PublishingExtension, ASystemThatEnablesItIsNamed) {
   (void)folder_.file("system/gtk-3.0/settings.ini", "[Settings]\ngtk-print-backends=publishing\n");
   EXPECT_EQ(run({"enable"}).output,
-            "Nothing to do: " + systemFile_ + " lists \"publishing\" already.\n");
+            "Nothing to do: " + systemFile_ + " already lists \"publishing\".\n");
   EXPECT_FALSE(std::filesystem::exists(userFile_));
   const Outcome disabled = run({"disable"});
   EXPECT_EQ(disabled.status, 1);
@@ -137,7 +137,7 @@ TEST_F(PublishingExtension, AFileThatGtkDoesNotReadIsNamedAndKept) {
     const Outcome outcome = run({command});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_THAT(outcome.errors, AllOf(HasSubstr("GTK does not understand " + userFile_),
-                                      HasSubstr("Mend the file or move it away")));
+                                      HasSubstr("Fix the file or move it away")));
     EXPECT_EQ(contentsOfFile(userFile_), broken);
   }
   EXPECT_THAT(run({"status"}).errors, HasSubstr("GTK ignores " + userFile_));

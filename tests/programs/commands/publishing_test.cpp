@@ -204,9 +204,9 @@ TEST_F(Publishing, RefusesWhatThePanelRefuses) {
       {{"--insert", "5-5"}, 1, "should be bigger than the beginning page number."},
       {{"--insert", "512"}, 1, "You can only enter page numbers between 2 and 511."},
       {{"--insert", "2-12"}, 1, "You can only insert up to 10 pages."},
-      {{"--insert", "5,x"}, 1, "\"5,x\" holds other characters than digits, \"-\" and \",\"."},
-      {{"--insert", "5\n8"}, 1, "holds other characters"},
-      {{"--insert", "5\xff"}, 1, "holds other characters"},
+      {{"--insert", "5,x"}, 1, "\"5,x\" contains characters other than digits, \"-\" and \",\"."},
+      {{"--insert", "5\n8"}, 1, "contains characters other"},
+      {{"--insert", "5\xff"}, 1, "contains characters other"},
       {{"--cover", "front", "--cover-media", "Nope"}, 1, "has no medium \"Nope\""},
       {{"--option", "MediaType=Transparency", "--cover", "front", "--cover-media", "Tray2"},
        1,
@@ -293,7 +293,8 @@ TEST_F(Publishing, WarnsOfAPPDThatWasCutOff) {
   const std::string cut = write("cut.ppd", whole.substr(0, whole.size() / 2));
   const Outcome outcome = run({"media", "--ppd", cut});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("cut.ppd"), HasSubstr("Install the printer's PPD")));
+  EXPECT_THAT(outcome.errors,
+              AllOf(HasSubstr("cut.ppd"), HasSubstr("Reinstall the printer's PPD")));
 }
 
 // A PPD may hold line breaks and commands for the terminal.
