@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Sheet orders from any job options, and the sheets of any number of pages: no page lost, none
 // doubled, no sheet torn; the stream and the whole plan against the rules written a second time.
+// Their picture shows every sheet.
 //
 // The first two bytes of the input give the number of pages, the third what the PPD says; the rest
 // is a list of "NAME=VALUE", each ended by a NUL.
@@ -12,6 +13,7 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
+#include "sheets/SheetPictureSVG.h"
 #include "sheets/SheetPlan.h"
 #include "tests/sheets/SheetRules.h"
 
@@ -98,6 +100,24 @@ void checkPlan(SheetOrder order, int pages) {
   require(next == plan.sheets.size(), "runs miss a sheet");
 }
 
+void checkPicture(const SheetOrder& order, int pages, const std::string& words) {
+  const SheetPlan plan = planSheets(order, pages);
+  const PictureOptions options = {.width = 10.0 * pages,
+                                  .mostRows = pages % 7,
+                                  .rightToLeft = pages % 2 == 1,
+                                  .title = words,
+                                  .bodyMediumName = words};
+  const SheetPicture picture = pictureOf(plan, options);
+  std::size_t next = 0;
+  for (const PictureItem& item : picture.items) {
+    require(item.first == next && item.count > 0, "the picture misses a sheet");
+    next += item.count;
+  }
+  require(next == plan.sheets.size(), "the picture misses the last sheet");
+  require(!writePictureSVG(picture, words).empty(), "no picture");
+  if (pages % 16 == 0) schemeOf(order, options);
+}
+
 }  // namespace
 }  // namespace publishing
 
@@ -111,5 +131,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const char* broken = brokenPromise(order, pages);
   require(broken == nullptr, broken == nullptr ? "" : broken);
   checkPlan(order, pages);
+  checkPicture(order, pages, std::string(list.substr(0, 60)));
   return 0;
 }

@@ -3,11 +3,11 @@
 
 #include <fstream>
 #include <iterator>
-#include <ostream>
 #include <string>
 
 #include <gmock/gmock.h>
 
+#include "tests/sheets/SheetExamples.h"
 #include "tests/sheets/SheetText.h"
 
 namespace publishing {
@@ -18,16 +18,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Kind = SheetWarning::Kind;
 
-struct Case {
-  const char* name;
-  int pages;
-  Options options;
-  const char* sheets;
-};
-
-void PrintTo(const Case& tried, std::ostream* out) {
-  *out << tried.pages << " pages";
-}
+using Case = SheetExample;
 
 std::string caseName(const ::testing::TestParamInfo<Case>& info) {
   return info.param.name;
@@ -40,24 +31,7 @@ TEST_P(SheetsOfAJob, ComeOutLikeThis) {
   EXPECT_EQ(printed(planSheets(orderOf(tried.options), tried.pages)), tried.sheets);
 }
 
-// The table of docs/sheets.md.
-const Case kExamples[] = {
-
-    Case{"FrontOutside", 5, kTwoSided + covers("1", "1"), "C1|- B2|3 B4|5"},
-    Case{"FrontInside", 5, kTwoSided + covers("1", "2"), "C-|1 B2|3 B4|5"},
-    Case{"OneSidedFrontAndBack", 5, kOneSided + covers("2", "9"), "C1 B2 B3 B4 C5"},
-    Case{"FrontOutsideAndBackOutside", 10, kTwoSided + covers("2", "5"),
-         "C1|- B2|3 B4|5 B6|7 B8|9 C-|10"},
-    Case{"TooFewPagesForTheBackCover", 2, kTwoSided + covers("2", "13"), "C1|- C-|2"},
-    Case{"BlankInserts", 10, kTwoSided + inserts("0", "5,8,"),
-         "B1|2 B3|4 I-|- B5|6 B7|- I-|- B8|9 B10|-"},
-    Case{"InsertsPrintedOnBothSides", 10, kTwoSided + inserts("3", "4,5,6,"),
-         "B1|2 B3|- I4|- I5|- I6|7 B8|9 B10|-"},
-    Case{"CollatedCopies", 3,
-         kTwoSided + covers("2", "5") + Options{{"copies", "2"}, {"Collate", "true"}},
-         "C1|- B2|- C-|3 C1|- B2|- C-|3"}};
-
-INSTANTIATE_TEST_SUITE_P(Examples, SheetsOfAJob, ::testing::ValuesIn(kExamples), caseName);
+INSTANTIATE_TEST_SUITE_P(Examples, SheetsOfAJob, ::testing::ValuesIn(sheetExamples()), caseName);
 
 // How a table cell of a document says it.
 std::string inTableCell(std::string text) {
@@ -69,7 +43,7 @@ std::string inTableCell(std::string text) {
 TEST(SheetPlan, ItsExamplesAreThoseOfTheDocument) {
   std::ifstream file(TEST_DATA "/../../docs/sheets.md");
   const std::string document((std::istreambuf_iterator<char>(file)), {});
-  for (const Case& example : kExamples)
+  for (const Case& example : sheetExamples())
     EXPECT_THAT(document, HasSubstr(inTableCell(example.sheets)));
 }
 
