@@ -18,15 +18,6 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 
-#ifdef PUBLISHING_SANITIZE
-// libcups 2.4.2 never frees the names of the duplex choices in its cache of a PPD (later versions
-// do).
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {
-  return "leak:_ppdCacheCreateWithPPD\n";
-}
-#endif
-
 namespace publishing {
 
 void CupsDeleter::operator()(ppd_file_t* ppd) const noexcept {
@@ -310,17 +301,7 @@ bool PPDDocument::mark(const std::string& option, const std::string& choice) {
 }
 
 std::optional<Sides> PPDDocument::markedSides() const {
-  for (const char* option : kDuplexOptions) {
-    const ppd_choice_t* marked = ppdFindMarkedChoice(ppd_.get(), option);
-    if (marked == nullptr) continue;
-    const std::string_view choice = boundedView(marked->choice);
-    if (choice == "None" || choice == "Off" || choice == "False") return Sides::OneSided;
-    if (choice == "DuplexNoTumble" || choice == "LongEdge" || choice == "Top")
-      return Sides::TwoSidedLongEdge;
-    if (choice == "DuplexTumble" || choice == "ShortEdge" || choice == "Bottom")
-      return Sides::TwoSidedShortEdge;
-  }
-  return std::nullopt;
+  return markedSidesOf(ppd_.get());
 }
 
 std::vector<PPDChoice> PPDDocument::choices(const std::string& option) const {

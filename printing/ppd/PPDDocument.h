@@ -10,12 +10,9 @@
 
 #include "printing/CupsHandles.h"
 #include "printing/JobTicket.h"
+#include "printing/ppd/DuplexOption.h"
 
 namespace publishing {
-
-// The keywords under which PPDs have their duplex option.
-inline constexpr const char* kDuplexOptions[] = {"Duplex", "EFDuplex", "EFDuplexing", "KD03Duplex",
-                                                 "JCLDuplex"};
 
 // A choice of an option, with what the user reads: texts are valid UTF-8 without control
 // characters, whatever the PPD holds; a keyword stands in for an empty text.
