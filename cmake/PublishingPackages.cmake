@@ -2,6 +2,7 @@
 # Debian packages (preset packages). What goes where is said by the components of the install rules:
 #
 #   program        publishing                the command line, completion, translations
+#   printer        publishing-printer        the filter for print servers
 #   dialog         publishing-print-dialog   the extension, publishing-dialog, help, desktop files
 #   documentation  publishing-doc            the documents of docs/
 set(PUBLISHING_MAINTAINER "The Publishing authors <publishing@zephrel.com>"
@@ -24,7 +25,7 @@ foreach(file IN ITEMS "${CMAKE_CURRENT_BINARY_DIR}/changelog=changelog.Debian" "
     DEPENDS "${source}" VERBATIM)
 endforeach()
 add_custom_target(package-changelogs ALL DEPENDS changelog.Debian.gz changelog.gz)
-foreach(component program=publishing dialog=publishing-print-dialog documentation=publishing-doc)
+foreach(component program=publishing printer=publishing-printer dialog=publishing-print-dialog documentation=publishing-doc)
   string(REPLACE "=" ";" component "${component}")
   list(GET component 1 package)
   list(GET component 0 component)
@@ -39,7 +40,7 @@ endforeach()
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}/packages")
-set(CPACK_COMPONENTS_ALL program dialog documentation)
+set(CPACK_COMPONENTS_ALL program printer dialog documentation)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${PUBLISHING_MAINTAINER}")
@@ -63,6 +64,20 @@ their own, and with sheets of another paper inserted between their pages, on
 PostScript printers of the Zephrel family.
 
 This package has the command line, which needs no display.")
+
+set(CPACK_DEBIAN_PRINTER_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PRINTER_PACKAGE_DEPENDS "publishing ${same}, cups-daemon, cups-filters, init-system-helpers")
+set(CPACK_DEBIAN_PRINTER_PACKAGE_CONTROL_EXTRA
+    "${debian}/printer/postinst;${debian}/printer/prerm;${debian}/printer/postrm")
+set(CPACK_DEBIAN_PRINTER_DESCRIPTION
+"covers and inserted sheets on any PostScript printer: print server
+Prints documents with a front cover, or a front and a back cover, on paper of
+their own, and with sheets of another paper inserted between their pages.
+
+This package has the filter with which a CUPS server makes the covers and
+inserts itself, for printers that know nothing of them but have trays. A queue
+uses it once it is told to by \"publishing printer enable\". No desktop is
+needed.")
 
 set(CPACK_DEBIAN_DIALOG_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_DIALOG_PACKAGE_DEPENDS "publishing ${same}")
