@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Publishing/ppd/PPDFields.h"
 
+#include <cstdint>
 #include <cstring>
 
 #include <unicode/ustring.h>
@@ -38,6 +40,11 @@ std::span<const ppd_choice_t> choicesOf(const ppd_option_t* option) {
 std::span<const ppd_option_t> optionsOf(const ppd_group_t* group) {
   return group != nullptr ? spanOf(group->options, group->num_options)
                           : std::span<const ppd_option_t>();
+}
+
+std::span<const ppd_group_t> subgroupsOf(const ppd_group_t* group) {
+  return group != nullptr ? spanOf(group->subgroups, group->num_subgroups)
+                          : std::span<const ppd_group_t>();
 }
 
 std::span<const ppd_group_t> groupsOf(const ppd_file_t* ppd) {

@@ -1,10 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 // Safe reading of libcups's PPD structures. Their strings sit in arrays of a fixed size that a
 // broken PPD can leave without a terminator, and the bytes need not be valid in the encoding they
 // claim.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <optional>
 #include <span>
@@ -19,6 +19,7 @@ namespace publishing {
 std::span<const ppd_choice_t> choicesOf(const ppd_option_t* option);
 std::span<const ppd_group_t> groupsOf(const ppd_file_t* ppd);
 std::span<const ppd_option_t> optionsOf(const ppd_group_t* group);
+std::span<const ppd_group_t> subgroupsOf(const ppd_group_t* group);
 std::span<const ppd_const_t> constraintsOf(const ppd_file_t* ppd);
 
 enum class PPDEncoding { ASCII, UTF8 };
@@ -38,36 +39,11 @@ inline std::string_view boundedView(const char (&field)[Size]) {
 // Whether the bytes are a text in that encoding.
 bool isValidIn(std::string_view bytes, PPDEncoding encoding);
 
-// Whether no byte of the array is above 127, those behind the terminator included. Without a
-// branch: fields differ in length, and nearly all are ASCII.
-template <std::size_t Size>
-bool isAllASCII(const char (&field)[Size]) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  std::uint64_t bits = 0;
-  std::size_t next = 0;
-  for (; next + sizeof(bits) <= Size; next += sizeof(bits)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, field + next, sizeof(word));
-    bits |= word;
-  }
-  for (; next < Size; ++next)
-    bits |= static_cast<unsigned char>(field[next]);
-  return (bits & kHighBits) == 0;
-}
-
 // What the field holds; nothing when its bytes are not valid in the encoding.
 template <std::size_t Size>
-std::optional<std::string_view> viewOfPPD(const char (&field)[Size], PPDEncoding encoding) {
-  const std::string_view bytes = boundedView(field);
-  if (!isAllASCII(field) && !isValidIn(bytes, encoding)) return std::nullopt;
-  return bytes;
-}
-
-// The same as a string.
-template <std::size_t Size>
 std::optional<std::string> stringFromPPD(const char (&field)[Size], PPDEncoding encoding) {
-  const auto bytes = viewOfPPD(field, encoding);
-  return bytes ? std::optional<std::string>(*bytes) : std::nullopt;
+  const std::string_view bytes = boundedView(field);
+  return isValidIn(bytes, encoding) ? std::optional<std::string>(bytes) : std::nullopt;
 }
 
 }  // namespace publishing

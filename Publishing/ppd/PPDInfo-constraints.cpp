@@ -1,101 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
-#include <array>
-#include <span>
+#include <compare>
+#include <set>
+#include <string_view>
+#include <utility>
 
+#include "Publishing/ppd/OffChoices.h"
 #include "Publishing/ppd/PPDFields.h"
 #include "Publishing/ppd/PPDInfo.h"
 
 namespace publishing {
 namespace {
 
-using ChoiceId = ConstraintTable::ChoiceId;
-using Directions = ConstraintTable::Directions;
+struct Side {
+  std::string_view option;
+  std::string_view choice;  // empty: any choice that switches something on
 
-// A set of option keywords that all pass when it is empty.
-class OptionFilter {
- public:
-  explicit OptionFilter(const PPDInfo::Choices& options) : all_(options.empty()) {
-    for (const std::string& option : options) {
-      options_.add(Keyword(option));
-      firstBytes_[static_cast<unsigned char>(option.c_str()[0])] = true;
-    }
-  }
-
-  // Whether an option that begins like this may pass: most differ in the first byte already.
-  [[nodiscard]] bool mayPass(char firstByte) const {
-    return all_ || firstBytes_[static_cast<unsigned char>(firstByte)];
-  }
-
-  [[nodiscard]] bool passes(const Keyword& option) {
-    if (all_ || (option == last_ && !option.isEmpty())) return true;
-    if (options_.find(option) == KeywordPool::kNone) return false;
-    last_ = option;
-    return true;
-  }
-
- private:
-  bool all_;
-  KeywordPool options_;
-  Keyword last_;  // the option that passed last, and is often the next
-  std::array<bool, 256> firstBytes_{};
+  auto operator<=>(const Side&) const = default;
 };
 
-bool isUTF8(const Keyword& keyword) {
-  return keyword.isShortASCII() || isValidIn(keyword.text(), PPDEncoding::UTF8);
+bool isUTF8(std::string_view keyword) {
+  return isValidIn(keyword, PPDEncoding::UTF8);
 }
 
 // A choice that is not valid UTF-8 counts as empty.
-Keyword validOrEmpty(const Keyword& choice) {
-  return isUTF8(choice) ? choice : Keyword();
-}
-
-// The number of a choice, a new one when it is new; kNone when a keyword is not valid UTF-8, which
-// has to be looked at once only.
-ChoiceId validChoiceId(ConstraintTable& table, const Keyword& option, const Keyword& choice) {
-  const ChoiceId id = table.find(option, choice);
-  if (id != KeywordPool::kNone || !isUTF8(option) || !isUTF8(choice)) return id;
-  return table.choiceId(option, choice);
-}
-
-// Enters the constraint when it names valid choices; false when it does not.
-bool enterNamed(ConstraintTable& table, const Keyword& o1, const Keyword& c1, const Keyword& o2,
-                const Keyword& c2) {
-  if (c1.isEmpty() || c2.isEmpty()) return false;
-  // Most PPDs list each constraint from both sides, one below the other.
-  if (table.endsWith(o2, c2, o1, c1)) return true;
-  const ChoiceId id1 = validChoiceId(table, o1, c1);
-  const ChoiceId id2 = validChoiceId(table, o2, c2);
-  if (id1 == KeywordPool::kNone || id2 == KeywordPool::kNone) return false;
-  table.add(id1, id2, Directions::kBoth);
-  return true;
-}
-
-void removeFirst(OptionCatalogue::Choices& choices, std::string_view choice) {
-  const auto found = std::find(choices.begin(), choices.end(), choice);
-  if (found != choices.end()) choices.erase(found);
+std::string_view validOrEmpty(std::string_view choice) {
+  return isUTF8(choice) ? choice : std::string_view();
 }
 
 }  // namespace
 
 void PPDInfo::loadConstraintsFor(const Choices& options, const ppd_file_t* ppd) {
   if (ppd == nullptr) return;
-  ConstraintTable& table = constraintsDict.emplace();
-  const std::span<const ppd_const_t> constraints = constraintsOf(ppd);
-  if (constraints.empty()) return;
-  table.reserve(constraints.size());
-  OptionFilter filter(options);
-  for (const ppd_const_t& constraint : constraints) {
-    if (!filter.mayPass(constraint.option1[0]) && !filter.mayPass(constraint.option2[0])) continue;
-    const Keyword o1(constraint.option1);
-    const Keyword o2(constraint.option2);
-    if (!filter.passes(o1) && !filter.passes(o2)) continue;
-    const Keyword c1(constraint.choice1);
-    const Keyword c2(constraint.choice2);
-    if (!enterNamed(table, o1, c1, o2, c2) && isUTF8(o1) && isUTF8(o2))
-      enter(o1, validOrEmpty(c1), o2, validOrEmpty(c2), Directions::kBoth);
+  constraintsDict.emplace();
+  const std::set<std::string, std::less<>> filter(options.begin(), options.end());
+  const auto isWanted = [&](std::string_view option1, std::string_view option2) {
+    return filter.empty() || filter.contains(option1) || filter.contains(option2);
+  };
+  // A line without a choice may stand for thousands of pairs: however often a PPD has it, from
+  // whichever side, it is expanded once.
+  std::set<std::pair<Side, Side>> expanded;
+  for (const ppd_const_t& constraint : constraintsOf(ppd)) {
+    const std::string_view option1 = boundedView(constraint.option1);
+    const std::string_view option2 = boundedView(constraint.option2);
+    if (!isWanted(option1, option2) || !isUTF8(option1) || !isUTF8(option2)) continue;
+    const Side one{option1, validOrEmpty(boundedView(constraint.choice1))};
+    const Side other{option2, validOrEmpty(boundedView(constraint.choice2))};
+    const bool isOpen = one.choice.empty() || other.choice.empty();
+    if (isOpen && !expanded.insert(std::minmax(one, other)).second) continue;
+    addConstraintsForOption1(one.option, one.choice, other.option, other.choice);
+    addConstraintsForOption1(other.option, other.choice, one.option, one.choice);
   }
-  table.shrink();
-  applyMarkedChoices();
 }
 
 void PPDInfo::loadConstraintsOnlyFor(const Choices& options, const ppd_file_t* ppd) {
@@ -109,44 +64,44 @@ void PPDInfo::loadAllConstraintsFromPPD(const ppd_file_t* ppd) {
 void PPDInfo::addConstraintsForOption1(std::string_view o1, std::string_view c1,
                                        std::string_view o2, std::string_view c2) {
   if (!constraintsDict) return;
-  enter(Keyword(o1), Keyword(c1), Keyword(o2), Keyword(c2), Directions::kOne);
-  applyMarkedChoices();
+  ForbiddenChoices& forbidden = (*constraintsDict)[std::string(o1)];
+  forEachChoiceMeant(o1, c1, [&](const std::string& choice) {
+    auto& opponents = forbidden[choice][std::string(o2)];
+    forEachChoiceMeant(o2, c2, [&](const std::string& opponent) { opponents.insert(opponent); });
+  });
+}
+
+template <typename Visit>
+void PPDInfo::forEachChoiceMeant(std::string_view option, std::string_view choice,
+                                 const Visit& visit) const {
+  if (!choice.empty()) return visit(std::string(choice));
+  for (const std::string& any : getAllConstrainableChoicesFromOption(option))
+    visit(any);
 }
 
 PPDInfo::Choices PPDInfo::getAllConstrainableChoicesFromOption(std::string_view option) const {
-  const OptionCatalogue::Choices choices = constrainableChoices(option);
-  return {choices.begin(), choices.end()};
+  const Choices* choices = allChoicesForOption(option);
+  return choices != nullptr ? withoutOffChoices(*choices) : Choices();
 }
 
 bool PPDInfo::willAllowChangeOfOption(std::string_view option, std::string_view choice) const {
-  return !constraintsDict || constraintsDict->allows(option, choice);
+  return choicesForbidding(option, choice).empty();
 }
 
 std::vector<PPDInfo::MarkedChoice> PPDInfo::choicesForbidding(std::string_view option,
                                                               std::string_view choice) const {
   if (!constraintsDict) return {};
-  return constraintsDict->forbidding(option, choice);
-}
-
-OptionCatalogue::Choices PPDInfo::constrainableChoices(std::string_view option) const {
-  if (!allOptionsAndChoicesDict) return {};
-  OptionCatalogue::Choices choices =
-      allOptionsAndChoicesDict->choicesOf(option).value_or(OptionCatalogue::Choices());
-  removeFirst(choices, "None");
-  removeFirst(choices, "False");
-  return choices;
-}
-
-void PPDInfo::enter(const Keyword& o1, const Keyword& c1, const Keyword& o2, const Keyword& c2,
-                    Directions directions) {
-  const auto forEachChoice = [this](const Keyword& option, const Keyword& choice, auto visit) {
-    if (!choice.isEmpty()) return visit(constraintsDict->choiceId(option, choice));
-    for (const std::string_view any : constrainableChoices(option.text()))
-      visit(constraintsDict->choiceId(option, Keyword(any)));
-  };
-  forEachChoice(o1, c1, [&](ChoiceId id1) {
-    forEachChoice(o2, c2, [&](ChoiceId id2) { constraintsDict->add(id1, id2, directions); });
-  });
+  const auto choices = constraintsDict->find(option);
+  if (choices == constraintsDict->end()) return {};
+  const auto opponents = choices->second.find(choice);
+  if (opponents == choices->second.end()) return {};
+  std::vector<MarkedChoice> found;
+  for (const auto& [opponent, forbidding] : opponents->second) {
+    const auto marked = markedChoicesDict.find(opponent);
+    if (marked != markedChoicesDict.end() && forbidding.contains(marked->second))
+      found.push_back({opponent, marked->second});
+  }
+  return found;
 }
 
 }  // namespace publishing

@@ -1,18 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
 // The panel's model of a printer's PPD: which options and choices there are, which choices are
 // marked, and which choices of different options exclude each other.
 #pragma once
 
-#include <memory>
+#include <functional>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <cups/ppd.h>
-
-#include "Publishing/ppd/ConstraintTable.h"
-#include "Publishing/ppd/MarkedChoices.h"
-#include "Publishing/ppd/OptionCatalogue.h"
 
 namespace publishing {
 
@@ -28,8 +27,11 @@ namespace publishing {
 class PPDInfo {
  public:
   using Choices = std::vector<std::string>;
-
-  using MarkedChoice = OptionChoice;
+  struct MarkedChoice {
+    std::string option;
+    std::string choice;
+  };
+  using OptionsAndChoices = std::map<std::string, Choices, std::less<>>;  // by option
 
   // Replaces manufacturer, catalogue and marked choices; must come before any constraints are
   // loaded, which are expanded from the catalogue. Constraints of an earlier PPD stay until they
@@ -41,10 +43,10 @@ class PPDInfo {
 
   // Adds the options of a group. The subgroups are visited after every option of the group: those
   // of a group without options never, and a subgroup's option replaces one of the same keyword.
-  static void addOptionsFromGroup(const ppd_group_t* group, OptionCatalogue& options);
+  static void addOptionsFromGroup(const ppd_group_t* group, OptionsAndChoices& dict);
 
-  // Appends the option's choices, one entry each and none merged, to the list begun last.
-  static void addChoicesFromOption(const ppd_option_t* option, OptionCatalogue& options);
+  // Appends the option's choices, one entry each and none merged.
+  static void addChoicesFromOption(const ppd_option_t* option, Choices& array);
 
   // Replaces the marked choices by those that libcups has marked now for the options of the
   // catalogue. An option without a marked choice has no entry.
@@ -54,10 +56,9 @@ class PPDInfo {
   [[nodiscard]] std::optional<std::string> currentMarkedChoiceForOption(
       std::string_view option) const;
 
-  // The catalogue's own keywords, valid until the next load; nothing for an option that is not in
-  // it.
-  [[nodiscard]] std::optional<OptionCatalogue::Choices> allChoicesForOption(
-      std::string_view option) const;
+  // The catalogue's own list, which stays valid until the next load; null for an option that is not
+  // in it.
+  [[nodiscard]] const Choices* allChoicesForOption(std::string_view option) const;
 
   // Whether the PPD is another maker's: its manufacturer is known and does not contain "Zephrel"
   // (case matters). A PPD that names no manufacturer, or one that is not valid UTF-8, answers
@@ -76,28 +77,35 @@ class PPDInfo {
   void addConstraintsForOption1(std::string_view o1, std::string_view c1, std::string_view o2,
                                 std::string_view c2);
 
-  // The option's choices in catalogue order without the first "None" and the first "False": with
-  // those a feature is off and conflicts with nothing. (libcups excludes "Off" as well.)
+  // The option's choices in catalogue order without those that switch it off, see
+  // withoutOffChoices.
   [[nodiscard]] Choices getAllConstrainableChoicesFromOption(std::string_view option) const;
 
   // False when a choice that was marked at the last reload forbids the change.
   [[nodiscard]] bool willAllowChangeOfOption(std::string_view option,
                                              std::string_view choice) const;
 
-  // The marked choices that forbid the change, to tell a user why; none when it is allowed.
+  // The marked choices that forbid the change, to tell a user why, by option keyword; none when it
+  // is allowed.
   [[nodiscard]] std::vector<MarkedChoice> choicesForbidding(std::string_view option,
                                                             std::string_view choice) const;
 
  private:
-  [[nodiscard]] OptionCatalogue::Choices constrainableChoices(std::string_view option) const;
-  void enter(const Keyword& o1, const Keyword& c1, const Keyword& o2, const Keyword& c2,
-             ConstraintTable::Directions directions);
-  void applyMarkedChoices();
+  // For an option, for each of its choices, for each other option, the choices of that option that
+  // forbid it while they are marked.
+  using ForbiddingChoices = std::map<std::string, std::set<std::string, std::less<>>, std::less<>>;
+  using ForbiddenChoices = std::map<std::string, ForbiddingChoices, std::less<>>;
+  using ConstraintTable = std::map<std::string, ForbiddenChoices, std::less<>>;
+
+  // Calls `visit` with that choice, or when it is empty with each that it stands for.
+  template <typename Visit>
+  void forEachChoiceMeant(std::string_view option, std::string_view choice,
+                          const Visit& visit) const;
 
   std::optional<std::string> manufacturer;
   std::optional<ConstraintTable> constraintsDict;
-  std::optional<MarkedChoices> markedChoicesDict;
-  std::shared_ptr<const OptionCatalogue> allOptionsAndChoicesDict;
+  std::map<std::string, std::string, std::less<>> markedChoicesDict;  // choice by option
+  OptionsAndChoices allOptionsAndChoicesDict;
   // Reserved: the options to watch are handed to each load instead.
   std::optional<Choices> optionsToSupportConstraintsOn;
 };

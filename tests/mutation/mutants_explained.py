@@ -4,55 +4,15 @@
 where the same lines stand elsewhere too. Blanks count once."""
 
 INDEPENDENT = "What is on and what is usable are two properties of a control; neither sets the other."
-ROOM = "Only the room that is made ahead differs; what does not fit it makes its own."
-ANOTHER_HASH = "A hash with another value, spread as well; nothing shows the value."
-OVERWRITTEN = "All of it is overwritten in the next line."
 READ_BACK = "The refresh that ends the restore reads it back from the controls."
 READ_FROM_MATRIX = "The refresh reads it back from the matrix, whose first cell is selected in the next line."
 DONE_AGAIN = "The restore does the same once more before the refresh."
 INSERT_OFF = "Page Insert is off here, and showing it as off selects the first item in any case."
 NO_STATE = "A pop-up accepts a state as every button does and shows nothing of it."
 ENDS_IN_IT = "updateUI ends in updateConstraints."
-ASKED_LATER = "What is not found in the list of marks is asked of libcups, which answers the same, only later."
 NEVER_BEFORE_10_5 = "RunningOn105OrLater is true on every system that this is built for."
 
 EXPLAINED = {
-    ("Publishing/ppd/ConstraintTable.cpp",
-     "if (forbidden == id) add(opponent); if (opponent == id && directions == Directions::kBoth) add(forbidden);",
-     "if (opponent == id && directions == Directions::kBoth) add(forbidden); if (forbidden == id) add(opponent);"):
-        "Both apply only when a choice forbids itself; then both add the same one, which is kept once.",
-    ("Publishing/ppd/Keyword.cpp",
-     "std::uint32_t half = 0;",
-     "std::uint32_t half = 1;"):
-        OVERWRITTEN,
-    ("Publishing/ppd/Keyword.cpp",
-     "return {byteAt(text, 0) | byteAt(text, size / 2) | byteAt(text, size - 1), 0};",
-     "return {byteAt(text, 0) | byteAt(text, size / 3) | byteAt(text, size - 1), 0};"):
-        "Of one to three bytes both take each; only which of two bytes is taken twice differs.",
-    ("Publishing/ppd/Keyword.h",
-     "spread(head_.word1, 0x9E3779B97F4A7C15) + spread(head_.word2, 0xC2B2AE3D27D4EB4F);",
-     "spread(head_.word1, 0x9E3779B97F4A7C15) + spread(head_.word2, 14029467366897019728);"):
-        ANOTHER_HASH,
-    ("Publishing/ppd/Keyword.h",
-     "return fitsHead() ? hash : hash + hashOfRest();",
-     "return fitsHead() ? hash : hash - hashOfRest();"):
-        ANOTHER_HASH,
-    ("Publishing/ppd/Keyword.h",
-     "spread(head_.word1, 0x9E3779B97F4A7C15) + spread(head_.word2, 0xC2B2AE3D27D4EB4F);",
-     "spread(head_.word1, 0x9E3779B97F4A7C15) - spread(head_.word2, 0xC2B2AE3D27D4EB4F);"):
-        ANOTHER_HASH,
-    ("Publishing/ppd/Keyword.h",
-     "std::uint64_t word = 0;",
-     "std::uint64_t word = 1;"):
-        OVERWRITTEN,
-    ("Publishing/ppd/KeywordPool.h",
-     "return (first.hash() + 3 * second.hash()) >> hashShift_;",
-     "return (first.hash() - 3 * second.hash()) >> hashShift_;"):
-        ANOTHER_HASH,
-    ("Publishing/ppd/KeywordPool.h",
-     "int hashShift_ = 0; // leaves as many bits of a hash as number the slots",
-     "int hashShift_ = 1; // leaves as many bits of a hash as number the slots"):
-        "Nothing is looked for before reserve has made slots and set it.",
     ("Publishing/trace/MyDebug.cpp",
      "for (std::size_t index = 0; index < name.size(); ++index) {",
      "for (std::size_t index = 0; index <= name.size(); ++index) {"):
@@ -69,44 +29,10 @@ EXPLAINED = {
      "if (!file) return; ::lseek(file.descriptor(), 0, SEEK_END);",
      "::lseek(file.descriptor(), 0, SEEK_END); if (!file) return;"):
         "To seek in a file that is not open fails and changes nothing.",
-    ("Publishing/ppd/PPDFields.h",
-     "std::uint64_t word = 0;",
-     "std::uint64_t word = 1;"):
-        OVERWRITTEN,
     ("Publishing/ppd/PPDFields.cpp",
      "unsigned bits = 0; // without an early end: keywords are short and nearly always ASCII",
      "unsigned bits = 1; // without an early end: keywords are short and nearly always ASCII"):
         "Only the highest bit of a byte is looked at.",
-    ("Publishing/ppd/PPDInfo-constraints.cpp",
-     "if (id != KeywordPool::kNone || !isUTF8(option) || !isUTF8(choice)) return id;",
-     "if (id == KeywordPool::kNone || !isUTF8(option) || !isUTF8(choice)) return id;"):
-        "Without this short way the constraint is entered by the long one, with the same choices.",
-    ("Publishing/ppd/PPDInfo-constraints.cpp",
-     "if (table.endsWith(o2, c2, o1, c1)) return true;",
-     ";"):
-        "The constraint is then entered once more from its other side, and says the same.",
-    ("Publishing/ppd/PPDInfo-constraints.cpp",
-     "if (constraints.empty()) return;",
-     ";"):
-        "An empty table allows everything, whatever is marked.",
-    ("Publishing/ppd/PPDInfo.cpp",
-     "std::size_t optionCount = 0;",
-     "std::size_t optionCount = 1;"):
-        ROOM,
-    ("Publishing/ppd/PPDInfo.cpp",
-     "if (keyword.size() == PPD_MAX_NAME) return false; "
-     "if (std::ranges::equal(before, keyword, {}, folded, folded)) return false;",
-     "if (std::ranges::equal(before, keyword, {}, folded, folded)) return false; "
-     "if (keyword.size() == PPD_MAX_NAME) return false;"):
-        "Both answer the same.",
-    ("Publishing/ppd/PPDInfo.cpp",
-     "if (id != KeywordPool::kNone && found[id] == nullptr) found[id] = choice;",
-     ";"):
-        ASKED_LATER,
-    ("Publishing/ppd/PPDInfo.cpp",
-     "if (id != KeywordPool::kNone && found[id] == nullptr) found[id] = choice;",
-     "if (id != KeywordPool::kNone && found[id] != nullptr) found[id] = choice;"):
-        ASKED_LATER,
     ("Publishing/PublishingPDE-actions.cpp",
      "state_.covermodeRadioButtonState = 1;",
      "state_.covermodeRadioButtonState = 2;",
@@ -117,10 +43,6 @@ EXPLAINED = {
      "state_.covermodeRadioButtonState = 0;",
      "state_.transparencyinterleavingEnableState = 0;"):
         READ_FROM_MATRIX,
-    ("Publishing/PublishingPDE-actions.cpp",
-     "clearCoverSides(); CmFrontOutside->setEnabled(true);",
-     "CmFrontOutside->setEnabled(true); clearCoverSides();"):
-        INDEPENDENT,
     ("Publishing/PublishingPDE-controls.cpp",
      "popUp.removeAllItems(); popUp.setAutoenablesItems(false);",
      "popUp.setAutoenablesItems(false); popUp.removeAllItems();"):
@@ -150,16 +72,8 @@ EXPLAINED = {
      ";"):
         NO_STATE,
     ("Publishing/PublishingPDE-refresh.cpp",
-     "CmFrontOutside->setEnabled(true); tickCoverSides();",
-     "tickCoverSides(); CmFrontOutside->setEnabled(true);"):
-        INDEPENDENT,
-    ("Publishing/PublishingPDE-refresh.cpp",
      "CmMediaType->setEnabled(false); CmMediaType->setState(0);",
      "CmMediaType->setState(0); CmMediaType->setEnabled(false);"):
-        INDEPENDENT,
-    ("Publishing/PublishingPDE-refresh.cpp",
-     "box.setEnabled(usable); if (!usable) box.setState(0);",
-     "if (!usable) box.setState(0); box.setEnabled(usable);"):
         INDEPENDENT,
     ("Publishing/PublishingPDE-restore.cpp",
      "state_.covermodeRadioButtonState = 0;",
@@ -194,16 +108,6 @@ EXPLAINED = {
      "updateConstraints(); updateUI();",
      "updateUI(); updateConstraints();"):
         ENDS_IN_IT,
-    ("Publishing/PublishingPDEPlugin.cpp",
-     "pdePanels = std::make_shared<const Panels>( "
-     "Panels{std::make_shared<PublishingPDE>(std::move(hostInfo), pluginBundle)}); "
-     "// Older hosts kept the array themselves, the factory none. "
-     "if (!RunningOn105OrLater()) return std::exchange(pdePanels, nullptr);",
-     "if (!RunningOn105OrLater()) return std::exchange(pdePanels, nullptr); "
-     "// Older hosts kept the array themselves, the factory none. "
-     "pdePanels = std::make_shared<const Panels>( "
-     "Panels{std::make_shared<PublishingPDE>(std::move(hostInfo), pluginBundle)});"):
-        NEVER_BEFORE_10_5,
     ("Publishing/trace/TraceFormat.cpp",
      "std::array<char, 2 * kWidest> text{}; // the longest double has some 310 digits before its point",
      "std::array<char, 3 * kWidest> text{}; // the longest double has some 310 digits before its point"):

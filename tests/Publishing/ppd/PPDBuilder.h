@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PPDs for tests: opened by libcups from a text, or put together by hand for what libcups itself
 // never makes, such as subgroups, null entries and unterminated keywords.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Publishing/ppd/PPDFields.h"
 
 #include <vector>
@@ -55,32 +56,9 @@ TEST(PPDField, IsJudgedByItsTextAlone) {
   for (std::size_t index = 0; index < sizeof(field); ++index) {
     test::fillField(field, "Tray1");
     field[index] = '\xe9';
-    const auto expected = index > 5 ? std::optional<std::string_view>("Tray1") : std::nullopt;
-    EXPECT_EQ(viewOfPPD(field, PPDEncoding::UTF8), expected) << index;
+    const auto expected = index > 5 ? std::optional<std::string>("Tray1") : std::nullopt;
+    EXPECT_EQ(stringFromPPD(field, PPDEncoding::UTF8), expected) << index;
   }
-}
-
-template <std::size_t Size>
-void expectEveryByteLookedAt() {
-  struct {
-    char field[Size];
-    char behind = '\xe9';
-  } array{};
-  for (char& byte : array.field) {
-    byte = '\x7f';
-    EXPECT_TRUE(isAllASCII(array.field)) << Size;
-    byte = '\x80';
-    EXPECT_FALSE(isAllASCII(array.field)) << Size;
-    byte = 'a';
-  }
-}
-
-TEST(PPDField, IsAllASCIIWithoutAHighByteAnywhereInIt) {
-  expectEveryByteLookedAt<1>();
-  expectEveryByteLookedAt<7>();
-  expectEveryByteLookedAt<8>();
-  expectEveryByteLookedAt<9>();
-  expectEveryByteLookedAt<PPD_MAX_NAME>();
 }
 
 TEST(PPDEntries, AreNoneWithoutAnArrayOrACount) {
@@ -95,16 +73,20 @@ TEST(PPDEntries, AreNoneWithoutAnArrayOrACount) {
       group.options = array ? &option : nullptr;
       ppd.groups = array ? &group : nullptr;
       ppd.consts = array ? &constraint : nullptr;
-      option.num_choices = group.num_options = ppd.num_groups = ppd.num_consts = count;
+      group.subgroups = array ? &group : nullptr;
+      option.num_choices = group.num_options = group.num_subgroups = ppd.num_groups =
+          ppd.num_consts = count;
       const std::size_t expected = array && count == 1 ? 1 : 0;
       EXPECT_EQ(choicesOf(&option).size(), expected);
       EXPECT_EQ(optionsOf(&group).size(), expected);
+      EXPECT_EQ(subgroupsOf(&group).size(), expected);
       EXPECT_EQ(groupsOf(&ppd).size(), expected);
       EXPECT_EQ(constraintsOf(&ppd).size(), expected);
     }
   }
   EXPECT_TRUE(choicesOf(nullptr).empty());
   EXPECT_TRUE(optionsOf(nullptr).empty());
+  EXPECT_TRUE(subgroupsOf(nullptr).empty());
   EXPECT_TRUE(groupsOf(nullptr).empty());
   EXPECT_TRUE(constraintsOf(nullptr).empty());
 }

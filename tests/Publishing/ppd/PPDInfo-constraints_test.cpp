@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
 #include "Publishing/ppd/PPDInfo.h"
+#include "tests/Publishing/ppd/AllocationCount.h"
 #include "tests/Publishing/ppd/PPDBuilder.h"
 
 namespace publishing {
@@ -295,6 +297,38 @@ TEST(Constraints, ByTheHundredsAreAllEntered) {
   EXPECT_TRUE(printer.allows("InputSlot", "Tray325"));
 }
 
+// The largest expansion that a PPD of 56 KB can ask for, again and again.
+TEST(Constraints, ThatAreRepeatedAreExpandedOnce) {
+  std::vector<std::string> trays;
+  std::vector<std::string> covers;
+  for (int index = 0; index < 300; ++index) {
+    trays.push_back("Tray" + std::to_string(index));
+    covers.push_back("Cover" + std::to_string(index));
+  }
+  const std::string options =
+      optionLines("InputSlot", trays, "Tray0") + optionLines("CoverMediaType", covers, "Cover0");
+  const std::string line = constraint("*InputSlot *CoverMediaType");
+  std::string lines;
+  for (int index = 0; index < 500; ++index)
+    lines += line + constraint("*CoverMediaType *InputSlot");
+
+  const auto once = openPPDText(options + line);
+  const auto often = openPPDText(options + lines);
+  PPDInfo info;
+  const auto madeBefore = test::madeAllocations();
+  const auto bytesBefore = test::liveBytes();
+  info.loadPPDFile(once.get());
+  info.loadConstraintsOnlyFor({"InputSlot"}, once.get());
+  const auto made = test::madeAllocations() - madeBefore;
+  const auto bytes = test::liveBytes() - bytesBefore;
+  EXPECT_LT(bytes, 25'000'000);
+  PPDInfo again;
+  again.loadPPDFile(often.get());
+  again.loadConstraintsOnlyFor({"InputSlot"}, often.get());
+  EXPECT_EQ(test::madeAllocations() - madeBefore, 2 * made);
+  EXPECT_FALSE(again.willAllowChangeOfOption("InputSlot", "Tray299"));
+}
+
 TEST(Constraints, ThatAreBrokenAreSurvived) {
   const std::string full(PPD_MAX_NAME, 'K');
   HandmadePPD ppd(oneGroup({{"InputSlot", {full, "L"}}, {"Duplex", {"None", full}, full}}),
@@ -328,6 +362,31 @@ TEST(AddedConstraint, IsNotTheSameAsTheOneInTheOtherDirection) {
   printer.mark("CoverMediaType", "P").mark("InputSlot", "M");
   EXPECT_FALSE(printer.allows("InputSlot", "M"));
   EXPECT_FALSE(printer.allows("CoverMediaType", "P"));
+}
+
+TEST(AddedConstraint, CostsTheSameHoweverManyThereAre) {
+  Printer printer(kTrays + kCovers);
+  printer.mark("CoverMediaType", "P");
+  const auto madeForAdding = [&](int first, int count) {
+    const auto before = test::madeAllocations();
+    for (int number = first; number < first + count; ++number)
+      printer.info.addConstraintsForOption1("InputSlot", "M" + std::to_string(number),
+                                            "CoverMediaType", "P");
+    return test::madeAllocations() - before;
+  };
+  madeForAdding(0, 1);
+  const auto forThousand = madeForAdding(1, 1000);
+  EXPECT_EQ(madeForAdding(1001, 15'000), 15 * forThousand);
+  EXPECT_FALSE(printer.allows("InputSlot", "M16000"));
+}
+
+TEST(AddedConstraint, IsKeptOnce) {
+  Printer printer(kTrays + kCovers);
+  printer.info.addConstraintsForOption1("InputSlot", "", "CoverMediaType", "");
+  const auto before = test::liveAllocations();
+  printer.info.addConstraintsForOption1("InputSlot", "", "CoverMediaType", "");
+  printer.info.addConstraintsForOption1("InputSlot", "M", "CoverMediaType", "P");
+  EXPECT_EQ(test::liveAllocations(), before);
 }
 
 TEST(AddedConstraint, MayBeForAnyChoice) {
@@ -368,7 +427,7 @@ TEST(ConstrainableChoices, LeaveOutTheFirstNoneAndTheFirstFalse) {
   EXPECT_THAT(PPDInfo().getAllConstrainableChoicesFromOption("A"), IsEmpty());
 }
 
-TEST(ForbiddingChoices, AreTheMarkedOnesInTheOrderOfTheConstraints) {
+TEST(ForbiddingChoices, AreTheMarkedOnesByOption) {
   Printer printer(kTrays + kCovers + kSides + constraint("*InputSlot M *Duplex") +
                   constraint("*CoverMediaType P *InputSlot M") +
                   constraint("*InputSlot M *CoverMediaType P"));
@@ -377,7 +436,7 @@ TEST(ForbiddingChoices, AreTheMarkedOnesInTheOrderOfTheConstraints) {
   std::vector<std::string> names;
   for (const auto& [option, choice] : printer.info.choicesForbidding("InputSlot", "M"))
     names.push_back(option + " " + choice);
-  EXPECT_THAT(names, ElementsAre("Duplex Off", "CoverMediaType P"));
+  EXPECT_THAT(names, ElementsAre("CoverMediaType P", "Duplex Off"));
   EXPECT_THAT(printer.info.choicesForbidding("InputSlot", "L"), IsEmpty());
 }
 

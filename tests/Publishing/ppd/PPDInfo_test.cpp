@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Publishing/ppd/PPDInfo.h"
 
 #include <gmock/gmock.h>
 
+#include "tests/Publishing/ppd/AllocationCount.h"
 #include "tests/Publishing/ppd/PPDBuilder.h"
 
 namespace publishing {
@@ -13,9 +15,10 @@ using test::oneGroup;
 using test::openPPDText;
 using test::optionLines;
 using ::testing::ElementsAre;
-using ::testing::Eq;
 using ::testing::IsEmpty;
-using ::testing::Optional;
+using ::testing::IsNull;
+using ::testing::Pair;
+using ::testing::Pointee;
 using ::testing::SizeIs;
 
 const std::string kTrays = optionLines("InputSlot", {"None", "Tray1", "Tray2"}, "Tray1");
@@ -29,7 +32,7 @@ PPDInfo loaded(ppd_file_t* ppd) {
 
 TEST(PPDInfo, KnowsNothingBeforeALoad) {
   const PPDInfo info;
-  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), IsNull());
   EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), std::nullopt);
   EXPECT_FALSE(info.isOEMPPD());
 }
@@ -40,7 +43,7 @@ TEST(PPDInfo, KeepsAllWhenGivenANullPPD) {
   info.loadPPDFile(nullptr);
   info.loadAllOptionsAndChoices(nullptr);
   info.reloadMarkedChoices(nullptr);
-  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Optional(ElementsAre("Tray1", "Tray2")));
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Pointee(ElementsAre("Tray1", "Tray2")));
   EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray2");
   EXPECT_TRUE(info.isOEMPPD());
 }
@@ -50,9 +53,9 @@ TEST(PPDInfo, ReplacesAllByTheNextPPD) {
   HandmadePPD second(oneGroup({{"B", {"c"}}}), {}, "Zephrel");
   PPDInfo info = loaded(first.get());
   info.loadPPDFile(second.get());
-  EXPECT_THAT(info.allChoicesForOption("A"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("A"), IsNull());
   EXPECT_EQ(info.currentMarkedChoiceForOption("A"), std::nullopt);
-  EXPECT_THAT(info.allChoicesForOption("B"), Optional(ElementsAre("c")));
+  EXPECT_THAT(info.allChoicesForOption("B"), Pointee(ElementsAre("c")));
   EXPECT_EQ(info.currentMarkedChoiceForOption("B"), std::nullopt);
   EXPECT_FALSE(info.isOEMPPD());
 }
@@ -63,29 +66,56 @@ TEST(PPDInfo, NeedsNoPPDAfterTheLoad) {
     const auto ppd = openPPDText(kTrays);
     info.loadPPDFile(ppd.get());
   }
-  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Optional(SizeIs(3)));
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Pointee(SizeIs(3)));
   EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
+}
+
+TEST(PPDInfo, LoadedAgainKeepsNothingOfTheLastPPD) {
+  const auto large = test::openPPDFile(TEST_DATA "/zephrel-ps-9000.ppd");
+  const auto small = openPPDText(kTrays + kSizes + "*UIConstraints: *InputSlot *PageSize A3\n");
+  const auto load = [](PPDInfo& info, ppd_file_t* ppd) {
+    info.loadPPDFile(ppd);
+    info.loadAllConstraintsFromPPD(ppd);
+  };
+  const auto before = test::liveAllocations();
+  PPDInfo fresh;
+  load(fresh, small.get());
+  const auto alone = test::liveAllocations() - before;
+  PPDInfo used;
+  load(used, large.get());
+  load(used, small.get());
+  EXPECT_EQ(test::liveAllocations() - before, 2 * alone);
+}
+
+TEST(Catalogue, ItselfIsHandedOutUntilTheNextLoad) {
+  const auto ppd = openPPDText(kTrays + kSizes);
+  PPDInfo info = loaded(ppd.get());
+  const PPDInfo::Choices* const trays = info.allChoicesForOption("InputSlot");
+  info.reloadMarkedChoices(ppd.get());
+  info.loadAllConstraintsFromPPD(ppd.get());
+  EXPECT_EQ(info.allChoicesForOption("InputSlot"), trays);
+  EXPECT_THAT(trays, Pointee(ElementsAre("None", "Tray1", "Tray2")));
 }
 
 TEST(Catalogue, HoldsEveryChoiceInThePPDsOrder) {
   const auto ppd = openPPDText(kTrays + optionLines("Duplex", {"False", "DuplexTumble", "Off"}));
   const PPDInfo info = loaded(ppd.get());
   EXPECT_THAT(info.allChoicesForOption("InputSlot"),
-              Optional(ElementsAre("None", "Tray1", "Tray2")));
+              Pointee(ElementsAre("None", "Tray1", "Tray2")));
   EXPECT_THAT(info.allChoicesForOption("Duplex"),
-              Optional(ElementsAre("False", "DuplexTumble", "Off")));
-  EXPECT_THAT(info.allChoicesForOption("Paper"), Eq(std::nullopt));
-  EXPECT_THAT(info.allChoicesForOption("inputslot"), Eq(std::nullopt));
+              Pointee(ElementsAre("False", "DuplexTumble", "Off")));
+  EXPECT_THAT(info.allChoicesForOption("Paper"), IsNull());
+  EXPECT_THAT(info.allChoicesForOption("inputslot"), IsNull());
 }
 
 TEST(Catalogue, MergesNoChoices) {
   HandmadePPD ppd(oneGroup({{"A", {"x", "y", "x", ""}}}));
-  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(ElementsAre("x", "y", "x", "")));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("x", "y", "x", "")));
 }
 
 TEST(Catalogue, HoldsOptionsWithoutChoices) {
   HandmadePPD ppd(oneGroup({{"A", {}}}));
-  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(IsEmpty()));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(IsEmpty()));
 }
 
 TEST(Catalogue, MatchesTheSamplePPD) {
@@ -97,7 +127,7 @@ TEST(Catalogue, MatchesTheSamplePPD) {
     for (int index = 0; index < option->num_choices; ++index)
       choices.emplace_back(option->choices[index].choice);
     EXPECT_THAT(info.allChoicesForOption(option->keyword),
-                Optional(::testing::ElementsAreArray(choices)));
+                Pointee(::testing::ElementsAreArray(choices)));
     const ppd_choice_t* marked = ppdFindMarkedChoice(ppd.get(), option->keyword);
     EXPECT_EQ(info.currentMarkedChoiceForOption(option->keyword),
               marked != nullptr ? std::optional<std::string>(marked->choice) : std::nullopt);
@@ -109,9 +139,9 @@ TEST(Subgroups, AreVisitedAgainAfterEachOptionWithTheSameContent) {
   HandmadePPD ppd(Groups{
       {.options = {{"A", {"a"}}, {"B", {"b"}}}, .subgroups = {{{{"C", {"c1", "c2"}, "c2"}}}}}});
   const PPDInfo info = loaded(ppd.get());
-  EXPECT_THAT(info.allChoicesForOption("A"), Optional(ElementsAre("a")));
-  EXPECT_THAT(info.allChoicesForOption("B"), Optional(ElementsAre("b")));
-  EXPECT_THAT(info.allChoicesForOption("C"), Optional(ElementsAre("c1", "c2")));
+  EXPECT_THAT(info.allChoicesForOption("A"), Pointee(ElementsAre("a")));
+  EXPECT_THAT(info.allChoicesForOption("B"), Pointee(ElementsAre("b")));
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(ElementsAre("c1", "c2")));
   EXPECT_EQ(info.currentMarkedChoiceForOption("C"), "c2");
 }
 
@@ -119,7 +149,7 @@ TEST(Subgroups, OfAGroupWithoutOptionsStayOut) {
   HandmadePPD ppd(Groups{{.options = {}, .subgroups = {{{{"D", {"d1", "d2"}, "d1"}}}}}});
   ASSERT_NE(ppdFindMarkedChoice(ppd.get(), "D"), nullptr);
   const PPDInfo info = loaded(ppd.get());
-  EXPECT_THAT(info.allChoicesForOption("D"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("D"), IsNull());
   EXPECT_EQ(info.currentMarkedChoiceForOption("D"), std::nullopt);
 }
 
@@ -129,18 +159,18 @@ TEST(Subgroups, AreVisitedAtEveryDepth) {
               .subgroups = {{.options = {{"B", {"b"}}}, .subgroups = {{{{"C", {"c"}}}}}},
                             {.options = {}, .subgroups = {{{{"D", {"d"}}}}}}}}});
   const PPDInfo info = loaded(ppd.get());
-  EXPECT_THAT(info.allChoicesForOption("C"), Optional(ElementsAre("c")));
-  EXPECT_THAT(info.allChoicesForOption("D"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(ElementsAre("c")));
+  EXPECT_THAT(info.allChoicesForOption("D"), IsNull());
 }
 
 TEST(SameKeyword, TheLaterGroupWins) {
   HandmadePPD ppd(Groups{{{{"A", {"first"}}}}, {{{"A", {"second", "third"}}}}});
-  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(ElementsAre("second", "third")));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("second", "third")));
 }
 
 TEST(SameKeyword, TheLaterOptionOfAGroupWins) {
   HandmadePPD ppd(oneGroup({{"A", {"first", "second"}}, {"B", {}}, {"A", {"third"}}}));
-  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(ElementsAre("third")));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("third")));
 }
 
 TEST(SameKeyword, TheSubgroupsListStays) {
@@ -149,34 +179,31 @@ TEST(SameKeyword, TheSubgroupsListStays) {
                                                       {{"A", {"parent"}}, {"B", {"b"}}},
                                                       {{"B", {"b"}}, {"A", {"parent"}}}}) {
     HandmadePPD ppd(Groups{{.options = options, .subgroups = {{{{"A", {"subgroup"}}}}}}});
-    EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(ElementsAre("subgroup")));
+    EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("subgroup")));
   }
 }
 
 TEST(SameKeyword, ALaterGroupWinsOverASubgroup) {
   HandmadePPD ppd(Groups{{.options = {{"B", {"b"}}}, .subgroups = {{{{"A", {"subgroup"}}}}}},
                          {.options = {{"A", {"later group"}}}}});
-  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Optional(ElementsAre("later group")));
+  EXPECT_THAT(loaded(ppd.get()).allChoicesForOption("A"), Pointee(ElementsAre("later group")));
 }
 
 TEST(NullEntries, AreSkipped) {
   ppd_option_t option{};
   option.num_choices = 1;
-  OptionCatalogue options;
-  options.beginOption("A");
-  options.addChoice("before");
+  PPDInfo::OptionsAndChoices options = {{"A", {"before"}}};
   PPDInfo::addOptionsFromGroup(nullptr, options);
-  PPDInfo::addChoicesFromOption(nullptr, options);
-  PPDInfo::addChoicesFromOption(&option, options);
-  EXPECT_EQ(options.options().size(), 1U);
-  EXPECT_THAT(options.choicesOf("A"), Optional(ElementsAre("before")));
+  PPDInfo::addChoicesFromOption(nullptr, options["A"]);
+  PPDInfo::addChoicesFromOption(&option, options["A"]);
+  EXPECT_THAT(options, ElementsAre(Pair("A", ElementsAre("before"))));
 
   ppd_file_t ppd{};
   ppd.num_groups = 1;
   ppd.num_consts = 1;
   PPDInfo info = loaded(&ppd);
   info.loadAllConstraintsFromPPD(&ppd);
-  EXPECT_THAT(info.allChoicesForOption(""), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption(""), IsNull());
 }
 
 TEST(NullEntries, MayBeSaidToBeSeveral) {
@@ -184,16 +211,16 @@ TEST(NullEntries, MayBeSaidToBeSeveral) {
   ppd_group_t group = filled.get()->groups[0];
   group.subgroups = nullptr;
   group.num_subgroups = 2;
-  OptionCatalogue options;
+  PPDInfo::OptionsAndChoices options;
   PPDInfo::addOptionsFromGroup(&group, options);
-  EXPECT_EQ(options.options().size(), 1U);
+  EXPECT_EQ(options.size(), 1U);
 
   ppd_file_t ppd{};
   ppd.num_groups = 2;
   ppd.num_consts = 2;
   PPDInfo info = loaded(&ppd);
   info.loadAllConstraintsFromPPD(&ppd);
-  EXPECT_THAT(info.allChoicesForOption("A"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("A"), IsNull());
 }
 
 TEST(NullEntries, DoNotKeepTheSubgroupsOfTheirGroupOut) {
@@ -201,17 +228,16 @@ TEST(NullEntries, DoNotKeepTheSubgroupsOfTheirGroupOut) {
   ppd_group_t group = ppd.get()->groups[0];
   group.options = nullptr;
   group.num_options = 1;
-  OptionCatalogue options;
+  PPDInfo::OptionsAndChoices options;
   PPDInfo::addOptionsFromGroup(&group, options);
-  EXPECT_EQ(options.options().size(), 1U);
-  EXPECT_THAT(options.choicesOf("C"), Optional(ElementsAre("c")));
+  EXPECT_THAT(options, ElementsAre(Pair("C", ElementsAre("c"))));
 }
 
 TEST(BrokenKeywords, WithoutTerminatorEndWithTheirArray) {
   const std::string full(PPD_MAX_NAME, 'K');
   HandmadePPD ppd(oneGroup({{full, {full, "x"}, full}, {"A", {full}, full}}));
   const PPDInfo info = loaded(ppd.get());
-  EXPECT_THAT(info.allChoicesForOption(full), Optional(ElementsAre(full, "x")));
+  EXPECT_THAT(info.allChoicesForOption(full), Pointee(ElementsAre(full, "x")));
   EXPECT_EQ(info.currentMarkedChoiceForOption("A"), full);
 }
 
@@ -219,10 +245,10 @@ TEST(BrokenKeywords, ThatAreNotUTF8AreLeftOut) {
   HandmadePPD ppd(
       oneGroup({{"A", {"good", "\xff", "b\xc3", "épais"}, "\xff"}, {"B\xe9", {"x"}}, {"C", {}}}));
   const PPDInfo info = loaded(ppd.get());
-  EXPECT_THAT(info.allChoicesForOption("A"), Optional(ElementsAre("good", "épais")));
+  EXPECT_THAT(info.allChoicesForOption("A"), Pointee(ElementsAre("good", "épais")));
   EXPECT_EQ(info.currentMarkedChoiceForOption("A"), std::nullopt);
-  EXPECT_THAT(info.allChoicesForOption("B\xe9"), Eq(std::nullopt));
-  EXPECT_THAT(info.allChoicesForOption("C"), Optional(IsEmpty()));
+  EXPECT_THAT(info.allChoicesForOption("B\xe9"), IsNull());
+  EXPECT_THAT(info.allChoicesForOption("C"), Pointee(IsEmpty()));
 }
 
 TEST(MarkedChoices, HaveNoEntryForAnUnmarkedOption) {
@@ -261,7 +287,7 @@ TEST(MarkedChoices, StayWhenTheCatalogueAloneIsLoaded) {
   const auto other = openPPDText(kSizes);
   info.loadAllOptionsAndChoices(other.get());
   EXPECT_EQ(info.currentMarkedChoiceForOption("InputSlot"), "Tray1");
-  EXPECT_THAT(info.allChoicesForOption("InputSlot"), Eq(std::nullopt));
+  EXPECT_THAT(info.allChoicesForOption("InputSlot"), IsNull());
 }
 
 void expectMarksOfLibcups(ppd_file_t* ppd, const std::vector<const char*>& options) {

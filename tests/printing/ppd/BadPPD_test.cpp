@@ -20,7 +20,7 @@ using ::testing::ElementsAreArray;
 using ::testing::Ge;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Optional;
+using ::testing::Pointee;
 using ::testing::SizeIs;
 
 class BadPPD : public ::testing::Test {
@@ -54,7 +54,7 @@ TEST_F(BadPPD, AnOptionListedTwiceBecomesOne) {
                                "*CloseUI: *InputSlot\n");
   const std::vector<std::string> keywords = keywordsOf(ppd, cInputSlot);
   EXPECT_EQ(keywords.back(), "Tray8");
-  EXPECT_THAT(model_.allChoicesForOption(cInputSlot), Optional(ElementsAreArray(keywords)));
+  EXPECT_THAT(model_.allChoicesForOption(cInputSlot), Pointee(ElementsAreArray(keywords)));
   EXPECT_EQ(model_.currentMarkedChoiceForOption(cInputSlot), "Tray3");
 }
 
