@@ -3,22 +3,14 @@
 
 #include <string_view>
 
+#include "Publishing/ppd/OffChoices.h"
 #include "Publishing/ppd/PPDFields.h"
-
-#ifdef PUBLISHING_SANITIZE
-// libcups 2.4.2 never frees the names of the duplex choices in its cache of a PPD (later versions
-// do).
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {
-  return "leak:_ppdCacheCreateWithPPD\n";
-}
-#endif
 
 namespace publishing {
 namespace {
 
 std::optional<Sides> sidesOf(std::string_view choice) {
-  if (choice == "None" || choice == "Off" || choice == "False") return Sides::OneSided;
+  if (switchesOff(choice)) return Sides::OneSided;
   if (choice == "DuplexNoTumble" || choice == "LongEdge" || choice == "Top")
     return Sides::TwoSidedLongEdge;
   if (choice == "DuplexTumble" || choice == "ShortEdge" || choice == "Bottom")

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // An opened PPD: its marks, its texts for the user, and the conflicts among its choices. Every PPD
-// call of libcups outside the panel is made in PPDDocument.cpp.
+// call of libcups outside the panel is made in this folder.
 #pragma once
 
 #include <map>
@@ -11,27 +11,10 @@
 #include "printing/CupsHandles.h"
 #include "printing/JobTicket.h"
 #include "printing/ppd/DuplexOption.h"
+#include "printing/ppd/PPDChoice.h"
+#include "printing/ppd/PPDConflicts.h"
 
 namespace publishing {
-
-// A choice of an option, with what the user reads: texts are valid UTF-8 without control
-// characters, whatever the PPD holds; a keyword stands in for an empty text.
-struct PPDChoice {
-  std::string option;  // keyword
-  std::string optionText;
-  std::string choice;  // keyword
-  std::string choiceText;
-  bool marked = false;
-};
-
-// Marked choices that exclude each other; two of them, seldom more. The panel's media come first.
-struct Conflict {
-  std::vector<PPDChoice> choices;
-
-  // For the user, naming all sides: "Cover Paper: Coated Paper. Conflicts with Paper Source: Tray 2
-  // (CoverMediaType=Coated, InputSlot=Tray2)".
-  [[nodiscard]] std::string text() const;
-};
 
 class PPDDocument {
  public:
@@ -80,9 +63,7 @@ class PPDDocument {
   [[nodiscard]] std::optional<PPDChoice> choice(const std::string& option,
                                                 const std::string& choice) const;
 
-  // The conflicts among the marked choices, by the rules of ppdConflicts: UIConstraints in either
-  // direction, NonUIConstraints and cupsUIConstraints; a constraint without a choice means every
-  // choice but "None", "Off" and "False".
+  // The conflicts among the marked choices, see conflictsIn.
   [[nodiscard]] std::vector<Conflict> conflicts() const;
 
  private:

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+// Which of a PPD's marked choices exclude each other.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <cups/ppd.h>
+
+#include "printing/ppd/PPDChoice.h"
+
+namespace publishing {
+
+// Marked choices that exclude each other; two of them, seldom more. The panel's media come first.
+struct Conflict {
+  std::vector<PPDChoice> choices;
+
+  // For the user, naming all sides: "Cover Paper: Coated Paper. Conflicts with Paper Source: Tray 2
+  // (CoverMediaType=Coated, InputSlot=Tray2)".
+  [[nodiscard]] std::string text() const;
+};
+
+// The conflicts among the marked choices, by the rules of ppdConflicts: UIConstraints in either
+// direction, NonUIConstraints and cupsUIConstraints; a constraint without a choice means every
+// choice that switches something on. The PPD's marks stay as they are.
+std::vector<Conflict> conflictsIn(ppd_file_t* ppd);
+
+}  // namespace publishing
