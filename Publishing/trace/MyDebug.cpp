@@ -19,9 +19,17 @@ constexpr const char* kLogPath = "/tmp/com.zephrel.pde.VTAccountID.log_";
 constexpr const char16_t* kLogDatePattern = u"YYYY'.'MM'.'dd'-'HH'.'mm'.'ss";
 constexpr std::size_t kIndentWidth = 2;
 
-bool firstTime = true;
-std::optional<std::string> logFileName;
-std::optional<std::string> indent;
+struct Log {
+  bool firstTime = true;
+  std::optional<std::string> logFileName;
+  std::optional<std::string> indent;
+};
+
+// Never destroyed, so that static objects can trace their own end.
+Log& theLog() {
+  static Log& log = *new Log;
+  return log;
+}
 
 template <typename... Arguments>
 std::string formatted(std::string_view format, const Arguments&... arguments) {
@@ -83,32 +91,34 @@ std::string logFilePath(std::chrono::system_clock::time_point time) {
 }
 
 void _debugSetup() {
-  if (!firstTime) return;
-  firstTime = false;
-  logFileName = logFilePath(std::chrono::system_clock::now());
+  if (!theLog().firstTime) return;
+  theLog().firstTime = false;
+  theLog().logFileName = logFilePath(std::chrono::system_clock::now());
 }
 
 LogFile openLogFile() {
-  if (!logFileName) return LogFile(-1);
-  return LogFile(::open(logFileName->c_str(), O_RDWR | O_CREAT | O_APPEND, 0666));
+  const auto& path = theLog().logFileName;
+  if (!path) return LogFile(-1);
+  return LogFile(::open(path->c_str(), O_RDWR | O_CREAT | O_APPEND, 0666));
 }
 
 void increaseIndent() {
-  indent = indent.value_or("") + std::string(kIndentWidth, ' ');
+  theLog().indent = theLog().indent.value_or("") + std::string(kIndentWidth, ' ');
 }
 
 void decreaseIndent() {
+  auto& indent = theLog().indent;
   if (!indent) return;
   indent->resize(indent->size() > kIndentWidth ? indent->size() - kIndentWidth : 0);
 }
 
 void log(const TracedObject& object, std::string_view format,
          std::span<const TraceArgument> arguments) {
-  if (!logFileName) _debugSetup();
+  if (!theLog().logFileName) _debugSetup();
   const LogFile file = openLogFile();
   if (!file) return;
   ::lseek(file.descriptor(), 0, SEEK_END);
-  const std::string prefix = formatted("%@\t%@", object.className(), indent);
+  const std::string prefix = formatted("%@\t%@", object.className(), theLog().indent);
   const std::string line = formatted("%@ %@\n", prefix, traceFormat(format, arguments));
   if (const auto bytes = nextStepBytes(line)) writeAll(file, *bytes);
 }

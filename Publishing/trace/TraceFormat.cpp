@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include <locale.h>
 #include <unicode/utf8.h>
 
 namespace publishing {
@@ -29,8 +30,26 @@ std::string printfText(const Conversion& conversion, const char* length, char ki
   return text + length + kind;
 }
 
+// While it lives, this thread writes numbers as C does, with "." before the decimals: logs are read
+// by others than the program's user.
+class PlainNumbers {
+ public:
+  PlainNumbers() : plain_(newlocale(LC_ALL_MASK, "C", nullptr)), before_(uselocale(plain_)) {}
+  ~PlainNumbers() {
+    uselocale(before_);
+    if (plain_ != nullptr) freelocale(plain_);
+  }
+  PlainNumbers(const PlainNumbers&) = delete;
+  PlainNumbers& operator=(const PlainNumbers&) = delete;
+
+ private:
+  locale_t plain_;
+  locale_t before_;
+};
+
 template <typename Number>
 std::string numberText(const Conversion& conversion, const char* length, char kind, Number number) {
+  const PlainNumbers plain;
   std::array<char, 2 * kWidest> text{};  // the longest double has some 310 digits before its point
   std::snprintf(text.data(), text.size(), printfText(conversion, length, kind).c_str(), number);
   return text.data();

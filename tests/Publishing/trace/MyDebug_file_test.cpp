@@ -5,6 +5,7 @@
 #include <csignal>
 #include <ctime>
 #include <filesystem>
+#include <tuple>
 #include <utility>
 
 #include <fcntl.h>
@@ -123,6 +124,33 @@ TEST(LogFile, IsClosedAfterEachLine) {
               _debugLog(kCircle, stillFree == lowestFree ? "closed" : "left open");
             }),
             "Circle\t(null) closed\n");
+}
+
+TEST(LogFile, HasTheLinesOfStaticDestructorsToo) {
+  struct TracesItsEnd {
+    ~TracesItsEnd() {
+      _debugEpilog(kCircle, "%@", "the last line of a log whose name is on the heap");
+      const LogFile file = openLogFile();
+      std::filesystem::remove(pathOf(file));
+      const std::string text = readAll(file.descriptor());
+      std::ignore = ::write(descriptor, text.data(), text.size());
+    }
+    int descriptor;
+  };
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  inOwnProcess([&ends]() -> std::string {
+    setClockOfThisProcess();
+    static const TracesItsEnd last{ends[1]};  // made before the log, so it goes after it
+    increaseIndent();
+    _debugLog(kCircle, "first");
+    return {};
+  });
+  ::close(ends[1]);
+  EXPECT_EQ(readAll(ends[0]),
+            "Circle\t   first\n"
+            "Circle\t   END the last line of a log whose name is on the heap\n");
+  ::close(ends[0]);
 }
 
 TEST(LogFile, BelongsToOneObjectWhenMoved) {

@@ -3,8 +3,14 @@
 
 #include <array>
 #include <climits>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <tuple>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
 
 namespace publishing {
 namespace {
@@ -41,6 +47,27 @@ TEST(TraceFormat, WritesNumbersLikePrintf) {
   EXPECT_EQ(formatted("[%*d]", -5, 42), "[42   ]");
   EXPECT_EQ(formatted("%d %d %d", true, 'A', Side::kBack), "1 65 2");
   EXPECT_EQ(formatted("%c%c%C", 'A', 0xe4, 0x20ac), "Aä€");
+}
+
+// The locale is made here: a machine may have none whose decimals begin with a comma.
+TEST(TraceFormat, WritesNumbersAlikeInEveryLocale) {
+  const TemporaryFolder folder;
+  const std::string source =
+      folder.file("source",
+                  "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\ngrouping 3;3\n"
+                  "END LC_NUMERIC\n");
+  std::ignore =  // it warns of what the locale lacks, and says so in its status
+      std::system(("localedef -c -i " + source + " " + folder / "comma" + " 2>/dev/null").c_str());
+  ASSERT_EQ(setenv("LOCPATH", folder.path().c_str(), 1), 0);
+  const bool found = std::setlocale(LC_NUMERIC, "comma") != nullptr;
+  const std::string traced = formatted("%.1f %e %g %@", 0.5, 1500.0, 0.25, 0.125);
+  char printed[8];
+  std::snprintf(printed, sizeof(printed), "%.1f", 0.5);
+  std::setlocale(LC_NUMERIC, "C");
+  unsetenv("LOCPATH");
+  ASSERT_TRUE(found);
+  EXPECT_EQ(traced, "0.5 1.500000e+03 0.25 0.125");
+  EXPECT_STREQ(printed, "0,5");  // the program's own locale stands
 }
 
 TEST(TraceFormat, LetsTheArgumentDecideItsSize) {
