@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Questions that the panel asks of strings.
 #pragma once
 

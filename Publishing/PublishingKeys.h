@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The names that the panel shares with the printer's PPD and with the job's print settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the user's clicks do.
 #include "Publishing/PublishingPDE.h"
 
@@ -29,29 +30,32 @@ void PublishingPDE::changePiEnableState(CheckBox& sender) {
 }
 
 void PublishingPDE::radioButtonF(RadioMatrix& /*sender*/) {
-  clearCoverSides();
+  clear({*CmFrontOutside, *CmFrontInside, *CmBackOutside, *CmBackInside});
   CmFrontOutside->setEnabled(true);
-  enableOrClear(*CmFrontInside, isTwoSided());
-  enableOrClear(*CmBackInside, false);
-  enableOrClear(*CmBackOutside, false);
+  if (isTwoSided()) {
+    CmFrontInside->setEnabled(true);
+  } else {
+    disable({*CmFrontInside});
+    clear({*CmFrontInside});
+  }
+  disable({*CmBackInside, *CmBackOutside});
+  clear({*CmBackOutside, *CmBackInside});
   state_.covermodeRadioButtonState = 1;
 }
 
 // One-sided printing can reach the outside of the front cover and the inside of the back cover.
 void PublishingPDE::radioButtonFnB(RadioMatrix& /*sender*/) {
-  clearCoverSides();
+  clear({*CmFrontOutside, *CmFrontInside, *CmBackOutside, *CmBackInside});
   CmFrontOutside->setEnabled(true);
   CmBackInside->setEnabled(true);
-  const bool twoSided = isTwoSided();
-  enableOrClear(*CmFrontInside, twoSided);
-  enableOrClear(*CmBackOutside, twoSided);
-  state_.covermodeRadioButtonState = 2;
-}
-
-void PublishingPDE::clearCoverSides() {
-  for (CheckBox* side : {&*CmFrontOutside, &*CmFrontInside, &*CmBackOutside, &*CmBackInside}) {
-    side->setState(0);
+  if (isTwoSided()) {
+    CmFrontInside->setEnabled(true);
+    CmBackOutside->setEnabled(true);
+  } else {
+    disable({*CmFrontInside, *CmBackOutside});
+    clear({*CmFrontInside, *CmBackOutside});
   }
+  state_.covermodeRadioButtonState = 2;
 }
 
 // The job's two-sided setting may have changed in another pane of the dialog since the last look.
@@ -65,9 +69,10 @@ void PublishingPDE::tabViewDidSelectTabViewItem() {
     }
     if (state_.pageinsertEnableState == 1) PiPrintOnBack->setEnabled(true);
   } else {
-    enableOrClear(*CmFrontInside, false);
-    enableOrClear(*CmBackOutside, false);
-    enableOrClear(*PiPrintOnBack, false);
+    disable({*CmFrontInside, *CmBackOutside});
+    clear({*CmFrontInside, *CmBackOutside});
+    disable({*PiPrintOnBack});
+    clear({*PiPrintOnBack});
   }
   PiPageNum->setStringValue(state_.pageNumValue.value_or(""));
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Building the panel: outlets, actions, pop-ups, tabs, and the model of the printer's PPD.
 #include <algorithm>
 #include <iterator>
@@ -53,11 +54,11 @@ void PublishingPDE::awakeFromNib() {
     restoreValuesAndReturnError();
   }
   if (initialized) return;
-  initialized = true;
   auto formatter = std::make_shared<CustomTextFieldFormatter>();
   formatter->allowsonlyNumericsAndSpecialCharacters(true);
   PiPageNum->setFormatter(std::move(formatter));
   removeTransparencyTab();
+  initialized = true;
 }
 
 // A choice whose text is not valid in the PPD's encoding is left out, which shifts the later ones.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Keeping the state and the controls in step.
 #include <utility>
 
@@ -78,7 +79,9 @@ void PublishingPDE::updateUI() {
 
 // Covers and inserts need the pages one by one and in order.
 void PublishingPDE::applyLayoutRule() {
-  const bool unavailable = isReversed() || isNup();
+  const bool nup = isNup();
+  const bool reversed = isReversed();
+  const bool unavailable = nup || reversed;
   CmCheckBox->setEnabled(!unavailable);
   PiCheckBox->setEnabled(!unavailable);
   if (!unavailable) return;
@@ -89,17 +92,23 @@ void PublishingPDE::applyLayoutRule() {
   state_.pageinsertEnableState = 0;
 }
 
+// The host is asked for the two-sided mode once more after the sides were shown: reading the
+// settings in between may change what it answers.
 void PublishingPDE::showCoverMode(bool twoSided) {
   CmCheckBox->setState(1);
   CmMediaType->setEnabled(true);
   CmFrontandBackMatrix->setEnabled(true);
   CmFrontOutside->setEnabled(true);
+  CmFrontInside->setEnabled(twoSided);
   tickCoverSides();
   selectMatrixCell();
-  const bool backCover = CmFrontandBackMatrix->selectedColumn() != kFrontCoverColumn;
-  enableOrClear(*CmFrontInside, twoSided);
-  enableOrClear(*CmBackOutside, backCover && twoSided);
-  enableOrClear(*CmBackInside, backCover);
+  if (CmFrontandBackMatrix->selectedColumn() == kFrontCoverColumn) {
+    disable({*CmBackInside, *CmBackOutside});
+    clear({*CmBackOutside, *CmBackInside});
+  } else {
+    CmBackInside->setEnabled(true);
+    CmBackOutside->setEnabled(twoSided);
+  }
 
   readPrintSetting(kCoverMediaType, state_.cmmediatype);
   if (readPrintSetting(kCmIndex, state_.indexTempString)) {
@@ -107,6 +116,10 @@ void PublishingPDE::showCoverMode(bool twoSided) {
     CmMediaType->selectItemAtIndex(state_.cmIndex);
   } else if (state_.pageinsertEnableState != 1) {
     PiMediaType->selectItemAtIndex(0);  // crosswise on purpose, mirrored in showPageInsert
+  }
+  if (!isTwoSided()) {
+    disable({*CmFrontInside, *CmBackOutside});
+    clear({*CmBackOutside, *CmFrontInside});
   }
 }
 
@@ -116,9 +129,8 @@ void PublishingPDE::showCoverModeOff() {
   CmMediaType->setState(0);
   CmFrontandBackMatrix->setEnabled(false);
   CmFrontandBackMatrix->deselectAllCells();
-  for (CheckBox* side : {&*CmFrontInside, &*CmFrontOutside, &*CmBackInside, &*CmBackOutside}) {
-    enableOrClear(*side, false);
-  }
+  disable({*CmFrontInside, *CmFrontOutside, *CmBackInside, *CmBackOutside});
+  clear({*CmFrontInside, *CmFrontOutside, *CmBackInside, *CmBackOutside});
   CmMediaType->selectItemAtIndex(0);
 }
 
@@ -127,11 +139,16 @@ void PublishingPDE::showPageInsert(bool twoSided) {
   PiPageNum->setEnabled(true);
   PiMediaType->setEnabled(true);
   PiPrintOnFront->setEnabled(true);
-  enableOrClear(*PiPrintOnBack, twoSided);
+  PiPrintOnBack->setEnabled(twoSided);
+  const bool stillTwoSided = isTwoSided();
+  if (!stillTwoSided) {
+    disable({*PiPrintOnBack});
+    clear({*PiPrintOnBack});
+  }
   PiPageNum->setStringValue(state_.pageNumValue.value_or(""));
   if (readPrintSetting(kPageinsertValue, state_.pageinsertValue)) {
-    tickInsertSides();
-    enableOrClear(*PiPrintOnBack, twoSided);
+    const std::int64_t sides = stillTwoSided ? kPrintOnFront | kPrintOnBack : kPrintOnFront;
+    tickInsertSides(state_.pageinsertValue & sides);
   }
 
   readPrintSetting(kPageMediaType, state_.pimediatype);
@@ -148,9 +165,9 @@ void PublishingPDE::showPageInsertOff() {
   PiPageNum->setEnabled(false);
   PiPageNum->setStringValue("");
   PiMediaType->setEnabled(false);
+  disable({*PiPrintOnBack, *PiPrintOnFront});
   PiMediaType->setState(0);
-  enableOrClear(*PiPrintOnBack, false);
-  enableOrClear(*PiPrintOnFront, false);
+  clear({*PiPrintOnBack, *PiPrintOnFront});
   PiMediaType->selectItemAtIndex(0);
 }
 
@@ -161,9 +178,9 @@ void PublishingPDE::tickCoverSides() {
   CmBackInside->setState(stateOfBit(state_.covermodeValue, kBackInside));
 }
 
-void PublishingPDE::tickInsertSides() {
-  PiPrintOnFront->setState(stateOfBit(state_.pageinsertValue, kPrintOnFront));
-  PiPrintOnBack->setState(stateOfBit(state_.pageinsertValue, kPrintOnBack));
+void PublishingPDE::tickInsertSides(std::int64_t sides) {
+  PiPrintOnFront->setState(stateOfBit(sides, kPrintOnFront));
+  PiPrintOnBack->setState(stateOfBit(sides, kPrintOnBack));
 }
 
 void PublishingPDE::selectMatrixCell() {
@@ -172,9 +189,14 @@ void PublishingPDE::selectMatrixCell() {
   CmFrontandBackMatrix->selectCellAtRow(0, chosen ? radioState - 1 : -1);
 }
 
-void PublishingPDE::enableOrClear(CheckBox& box, bool usable) {
-  box.setEnabled(usable);
-  if (!usable) box.setState(0);
+void PublishingPDE::disable(Boxes boxes) {
+  for (CheckBox& box : boxes)
+    box.setEnabled(false);
+}
+
+void PublishingPDE::clear(Boxes boxes) {
+  for (CheckBox& box : boxes)
+    box.setState(0);
 }
 
 }  // namespace publishing

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Taking the state from the job's print settings.
 #include "Publishing/NSStringMyExtension.h"
 #include "Publishing/PublishingKeys.h"
@@ -44,7 +45,7 @@ void PublishingPDE::restorePageInsert() {
   restorePageNumbers();
   PiCheckBox->setState(1);
   if (readPrintSetting(kPageinsertValue, state_.pageinsertValue)) {
-    tickInsertSides();
+    tickInsertSides(state_.pageinsertValue);
   }
   readPrintSetting(kPageMediaType, state_.pimediatype);
   if (readPrintSetting(kPiIndex, state_.indexTempString)) {

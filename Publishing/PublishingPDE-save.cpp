@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writing the state to the job's print settings and handing the media choices to the host.
 #include <algorithm>
 #include <iterator>

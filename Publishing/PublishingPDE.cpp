@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Publishing/PublishingPDE.h"
 
+#include <stdexcept>
 #include <utility>
 
 #include "Publishing/NSStringMyExtension.h"
@@ -11,7 +13,12 @@ namespace publishing {
 
 PublishingPDE::PublishingPDE(std::shared_ptr<PDEPluginCallback> callback,
                              std::shared_ptr<Bundle> bundle)
-    : pdePluginCallbackObject(std::move(callback)), pluginBundle_(std::move(bundle)) {}
+    : pluginBundle_(std::move(bundle)), pdePluginCallbackObject(std::move(callback)) {
+  if (pluginBundle_ == nullptr)
+    throw std::invalid_argument("The panel needs the bundle that it was loaded from.");
+  if (pdePluginCallbackObject == nullptr)
+    throw std::invalid_argument("The panel needs the callback object of its host.");
+}
 
 std::string PublishingPDE::panelKind() {
   return "com.zephrel.pde.VTPublishing.PublishingKind";
@@ -24,12 +31,17 @@ const std::string& PublishingPDE::panelName() {
 
 View* PublishingPDE::panelView() {
   // initializeUI asks for the view in turn: a description that gives none is not loaded for ever.
-  if (pdeView == nullptr && !loadingView) {
-    loadingView = true;
+  if (pdeView != nullptr || loadingView) return pdeView;
+  loadingView = true;
+  try {
     pluginBundle_->loadInterface("Publishing", *this);
     initializeUI();
+  } catch (...) {
+    pdeView = nullptr;  // half loaded
     loadingView = false;
+    throw;
   }
+  loadingView = false;
   return pdeView;
 }
 

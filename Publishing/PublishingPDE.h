@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -27,6 +30,7 @@ namespace publishing {
 // open or frees it.
 class PublishingPDE final : public InterfaceOwner {
  public:
+  // Throws std::invalid_argument without a callback object or without a bundle.
   PublishingPDE(std::shared_ptr<PDEPluginCallback> callback, std::shared_ptr<Bundle> bundle);
   PublishingPDE(const PublishingPDE&) = delete;
   PublishingPDE& operator=(const PublishingPDE&) = delete;
@@ -40,7 +44,8 @@ class PublishingPDE final : public InterfaceOwner {
   const std::string& panelName();
 
   // The panel's view, loaded on the first call; null when the bundle has no interface for it, which
-  // is then looked for again on the next call.
+  // is then looked for again on the next call. What the bundle throws while it loads goes on to the
+  // caller, and the next call loads again.
   View* panelView();
 
   // Always true: the panel asks not to be listed by itself. Whether a host heeds that is its rule.
@@ -143,10 +148,11 @@ class PublishingPDE final : public InterfaceOwner {
   void showPageInsert(bool twoSided);
   void showPageInsertOff();
   void tickCoverSides();
-  void tickInsertSides();
+  void tickInsertSides(std::int64_t sides);
   void selectMatrixCell();
-  void clearCoverSides();
-  static void enableOrClear(CheckBox& box, bool usable);
+  using Boxes = std::initializer_list<std::reference_wrapper<CheckBox>>;
+  static void disable(Boxes boxes);
+  static void clear(Boxes boxes);
 
   void saveCoverMode(ppd_file_t* ppd);
   bool savePageInsert(ppd_file_t* ppd);
@@ -154,8 +160,9 @@ class PublishingPDE final : public InterfaceOwner {
   void pushChoice(ppd_file_t* ppd, const char* option, const PopUpButton& popUp);
   void runAlert(const char* title, const char* message);
 
-  std::shared_ptr<PDEPluginCallback> pdePluginCallbackObject;
+  // The last member goes first: the host is let go while the bundle is still there.
   std::shared_ptr<Bundle> pluginBundle_;
+  std::shared_ptr<PDEPluginCallback> pdePluginCallbackObject;
   std::optional<std::string> pdeName;
   ppd_file_t* ppdFile = nullptr;
   ppd_option_t* ppdOption = nullptr;

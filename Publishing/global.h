@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The texts that a user reads, in English. Each is also its own key in the translations.
 #pragma once
 

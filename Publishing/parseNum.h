@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Page Insert page list: single pages and ranges, as in "5,8,12-14".
 //
 // Items are separated by ",". An item is a run of decimal digits or two such runs joined by one

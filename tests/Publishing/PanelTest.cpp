@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/Publishing/PanelTest.h"
 
 #include <cstdlib>
 #include <cstring>
+#include <stdexcept>
 
 namespace publishing::test {
 namespace {
@@ -21,11 +23,13 @@ bool TestBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
   auto& loaded = *interfaces.emplace_back(std::make_unique<HeadlessInterface>());
   loaded.tabView().setLabels(tabLabels);
   if (!loaded.bind(owner)) return false;
+  if (throwsWhenAsked) throw std::runtime_error("no memory for the view");
   owner.awakeFromNib();
   return true;
 }
 
 bool TestBundle::registerHelpBook() {
+  if (throwsWhenAsked) throw std::runtime_error("no help viewer");
   ++helpRegistrations;
   return helpStatus == 0;
 }

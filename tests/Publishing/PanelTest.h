@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A panel on headless controls, with a host and a printer that a test can shape.
 #pragma once
 
@@ -54,6 +55,7 @@ class TestBundle final : public Bundle, private AlertPanel {
   [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
 
   bool hasDescription = true;
+  bool throwsWhenAsked = false;  // for a description, after binding it, or to register the help
   std::vector<std::string> tabLabels = {"Cover Mode", "Transparency Interleaving", "Page Insert"};
   std::map<std::string, std::string> translations;
   std::int32_t helpStatus = 0;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Building the panel, and the media items that stand for trays.
 #include "tests/Publishing/PanelTest.h"
 

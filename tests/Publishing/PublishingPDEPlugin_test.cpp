@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Publishing/PublishingPDEPlugin.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +79,52 @@ TEST_F(PublishingPDEPluginTest, PanelSharesHostAndBundleAndReleasesThem) {
   panel.reset();
   EXPECT_EQ(host.use_count(), hostShares);
   EXPECT_EQ(bundle.use_count(), bundleShares);
+}
+
+TEST_F(PublishingPDEPluginTest, PanelLetsItsHostGoBeforeItsBundle) {
+  std::vector<std::string> gone;
+  const auto recorded = [&gone](auto object, const char* name) {
+    return [&gone, object, name](auto*) mutable {
+      gone.emplace_back(name);
+      object.reset();
+    };
+  };
+  std::make_unique<PublishingPDE>(
+      std::shared_ptr<PDEPluginCallback>(host.get(), recorded(host, "host")),
+      std::shared_ptr<Bundle>(bundle.get(), recorded(bundle, "bundle")))
+      .reset();
+  EXPECT_EQ(gone, (std::vector<std::string>{"host", "bundle"}));
+}
+
+TEST_F(PublishingPDEPluginTest, WithoutABundleOrAHostThereIsNoPanel) {
+  EXPECT_EQ(panelsFor(kPrinterModulePanelType), nullptr);  // before the bundle is there
+  EXPECT_TRUE(plugin.initWithBundle(nullptr));
+  EXPECT_EQ(panelsFor(kPrinterModulePanelType), nullptr);
+  plugin.initWithBundle(bundle);
+  EXPECT_NE(panelsFor(kPrinterModulePanelType), nullptr);
+  EXPECT_EQ(plugin.PDEPanelsForType(kPrinterModulePanelType, nullptr), nullptr);
+  EXPECT_EQ(panelsFor("another type"), nullptr);  // the last panel is gone
+}
+
+TEST_F(PublishingPDEPluginTest, HelpBookThatThrowsIsNoReasonToFail) {
+  bundle->throwsWhenAsked = true;
+  EXPECT_TRUE(plugin.initWithBundle(bundle));
+  EXPECT_NE(panelsFor(kPrinterModulePanelType), nullptr);
+}
+
+TEST(PublishingPDEConstructor, NamesWhatIsMissing) {
+  const auto messageOf = [](std::shared_ptr<PDEPluginCallback> callback,
+                            std::shared_ptr<Bundle> given) -> std::string {
+    try {
+      const PublishingPDE panel(std::move(callback), std::move(given));
+    } catch (const std::invalid_argument& error) {
+      return error.what();
+    }
+    return "made";
+  };
+  EXPECT_THAT(messageOf(std::make_shared<TestHost>(), nullptr), testing::HasSubstr("bundle"));
+  EXPECT_THAT(messageOf(nullptr, std::make_shared<TestBundle>()), testing::HasSubstr("host"));
+  EXPECT_EQ(messageOf(std::make_shared<TestHost>(), std::make_shared<TestBundle>()), "made");
 }
 
 TEST(Utilities, EverySystemHandsOutThePPDThroughTheHost) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a host asks of the panel as a whole.
 #include "Publishing/PublishingPDE.h"
 
@@ -111,6 +112,21 @@ TEST_F(PublishingPDETest, DescriptionThatAppearsLaterIsLoaded) {
   bundle->hasDescription = true;
   EXPECT_NE(panel.panelView(), nullptr);
   EXPECT_EQ(titles("CmMediaType").size(), 3u);
+}
+
+TEST_F(PublishingPDETest, LoadThatThrewIsDoneAgain) {
+  usePPDText(smallPrinter());
+  bundle->throwsWhenAsked = true;
+  EXPECT_THROW(panel.panelView(), std::runtime_error);
+  EXPECT_THROW(panel.panelView(), std::runtime_error);
+  bundle->throwsWhenAsked = false;
+  EXPECT_NE(panel.panelView(), nullptr);
+  EXPECT_EQ(bundle->interfaces.size(), 3U);
+  EXPECT_EQ(titles("CmMediaType").size(), 3U);
+  EXPECT_EQ(tabs().numberOfTabViewItems(), 2);
+  box("PiCheckBox").click();
+  pageField().type("5x");
+  EXPECT_EQ(pageField().stringValue(), "5");
 }
 
 TEST_F(PublishingPDETest, WillShowSeesTheMarksOfNow) {
