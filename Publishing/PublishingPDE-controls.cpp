@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "Publishing/CustomTextFieldFormatter.h"
+#include "Publishing/PublishingFeatures.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
 #include "Publishing/ppd/PPDFields.h"
@@ -11,36 +12,36 @@
 namespace publishing {
 
 std::vector<OutletBinding> PublishingPDE::outlets() {
-  const auto bound = [](const char* name, auto& outlet) { return OutletBinding{name, &outlet}; };
+  const auto bound = [](const char* name, auto& control) { return OutletBinding{name, &control}; };
   return {
-      bound("pdeView", pdeView),
-      bound("tabView", tabView),
-      bound("CmCheckBox", CmCheckBox),
-      bound("CmFrontandBackMatrix", CmFrontandBackMatrix),
-      bound("CmMediaType", CmMediaType),
-      bound("CmFrontOutside", CmFrontOutside),
-      bound("CmFrontInside", CmFrontInside),
-      bound("CmBackOutside", CmBackOutside),
-      bound("CmBackInside", CmBackInside),
-      bound("TiCheckBox", TiCheckBox),
-      bound("TiMediaType", TiMediaType),
-      bound("TiPrintOnBack", TiPrintOnBack),
-      bound("PiCheckBox", PiCheckBox),
-      bound("PiMediaType", PiMediaType),
-      bound("PiPrintOnBack", PiPrintOnBack),
-      bound("PiPrintOnFront", PiPrintOnFront),
-      bound("PiPageNum", PiPageNum),
+      bound(outlet::pdeView, pdeView),
+      bound(outlet::tabView, tabView),
+      bound(outlet::CmCheckBox, CmCheckBox),
+      bound(outlet::CmFrontandBackMatrix, CmFrontandBackMatrix),
+      bound(outlet::CmMediaType, CmMediaType),
+      bound(outlet::CmFrontOutside, CmFrontOutside),
+      bound(outlet::CmFrontInside, CmFrontInside),
+      bound(outlet::CmBackOutside, CmBackOutside),
+      bound(outlet::CmBackInside, CmBackInside),
+      bound(outlet::TiCheckBox, TiCheckBox),
+      bound(outlet::TiMediaType, TiMediaType),
+      bound(outlet::TiPrintOnBack, TiPrintOnBack),
+      bound(outlet::PiCheckBox, PiCheckBox),
+      bound(outlet::PiMediaType, PiMediaType),
+      bound(outlet::PiPrintOnBack, PiPrintOnBack),
+      bound(outlet::PiPrintOnFront, PiPrintOnFront),
+      bound(outlet::PiPageNum, PiPageNum),
   };
 }
 
 std::vector<ActionBinding> PublishingPDE::actions() {
   return {
-      {"changeCmEnableState", [this](CheckBox& sender) { changeCmEnableState(sender); }},
-      {"changeTiEnableState", [this](CheckBox& sender) { changeTiEnableState(sender); }},
-      {"changePiEnableState", [this](CheckBox& sender) { changePiEnableState(sender); }},
-      {"radioButtonF", [this](RadioMatrix& sender) { radioButtonF(sender); }},
-      {"radioButtonFnB", [this](RadioMatrix& sender) { radioButtonFnB(sender); }},
-      {"tabViewDidSelectTabViewItem", [this] { tabViewDidSelectTabViewItem(); }},
+      {action::changeCmEnableState, [this](CheckBox& sender) { changeCmEnableState(sender); }},
+      {action::changeTiEnableState, [this](CheckBox& sender) { changeTiEnableState(sender); }},
+      {action::changePiEnableState, [this](CheckBox& sender) { changePiEnableState(sender); }},
+      {action::radioButtonF, [this](RadioMatrix& sender) { radioButtonF(sender); }},
+      {action::radioButtonFnB, [this](RadioMatrix& sender) { radioButtonFnB(sender); }},
+      {action::tabViewDidSelectTabViewItem, [this] { tabViewDidSelectTabViewItem(); }},
   };
 }
 

@@ -39,13 +39,13 @@ bool PublishingPDE::saveValuesAndReturnError() {
 
 void PublishingPDE::saveCoverMode(ppd_file_t* ppd) {
   if (state_.covermodeEnableState != 1) {
-    writePrintSetting(kCoverModeState, kOff);
+    writePrintSetting(kCoverModeState, kStoredOff);
     for (const char* key : {kCoverModeValue, kCovermodeRadioButtonState, kCmIndex}) {
       writePrintSetting(key, std::nullopt);
     }
     return;
   }
-  writePrintSetting(kCoverModeState, kOn);
+  writePrintSetting(kCoverModeState, kStoredOn);
   writePrintSetting(kCoverModeValue, state_.covermodeValue);
   writePrintSetting(kCovermodeRadioButtonState, state_.covermodeRadioButtonState);
   writePrintSetting(kCmIndex, state_.cmIndex);
@@ -60,7 +60,7 @@ void PublishingPDE::saveCoverMode(ppd_file_t* ppd) {
 // to go on with; a list that does not parse stores nothing of it.
 bool PublishingPDE::savePageInsert(ppd_file_t* ppd) {
   if (state_.pageinsertEnableState != 1) {
-    writePrintSetting(kPageinsertState, kOff);
+    writePrintSetting(kPageinsertState, kStoredOff);
     writePrintSetting(kPageinsertValue, std::nullopt);
     writePrintSetting(kPiIndex, std::nullopt);
     return true;
@@ -74,7 +74,7 @@ bool PublishingPDE::savePageInsert(ppd_file_t* ppd) {
     accepted = savePageNumbers();
     if (!accepted) return false;
   }
-  writePrintSetting(kPageinsertState, kOn);
+  writePrintSetting(kPageinsertState, kStoredOn);
   writePrintSetting(kPageinsertValue, state_.pageinsertValue);
   writePrintSetting(kPiIndex, state_.piIndex);
   pushChoice(ppd, cPageMediaType, *PiMediaType);

@@ -103,7 +103,7 @@ bool PublishingPDE::readPrintSetting(const char* key, std::int64_t& value) const
 }
 
 bool PublishingPDE::isPrintSettingOn(const char* key) const {
-  return pdePluginCallbackObject->printSettings().getValue(key) == kOn;
+  return pdePluginCallbackObject->printSettings().getValue(key) == kStoredOn;
 }
 
 void PublishingPDE::writePrintSetting(const char* key, const std::optional<std::string>& value) {

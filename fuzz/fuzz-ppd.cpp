@@ -84,15 +84,15 @@ void usePanel(Printer& printer) {
   JobTicket ticket = printer.newTicket();
   PanelUser user(printer, ticket);
   PanelRequest request;
-  const auto lastOf = [&](const char* popUp, const char* option) -> std::optional<std::string> {
-    const std::int64_t count = user.popUp(popUp).numberOfItems();
+  const auto lastOf = [&](const PublishingFeature& feature) -> std::optional<std::string> {
+    const std::int64_t count = user.popUp(feature.popUp).numberOfItems();
     if (count == 0) return std::nullopt;
-    return user.choiceOfItem(option, count - 1);
+    return user.choiceOfItem(feature.option, count - 1);
   };
   request.cover = "front-back";
-  request.coverMedia = lastOf("CmMediaType", cCoverMediaType);
+  request.coverMedia = lastOf(kCoverMode);
   request.insert = "3,5-7";
-  request.insertMedia = lastOf("PiMediaType", cPageMediaType);
+  request.insertMedia = lastOf(kPageInsert);
   try {
     user.apply(request);
   } catch (const PrintError&) {

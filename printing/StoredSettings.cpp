@@ -15,7 +15,7 @@
 #include <glib/gstdio.h>
 #include <unistd.h>
 
-#include "Publishing/PublishingKeys.h"
+#include "Publishing/PublishingFeatures.h"
 #include "base/GlibHandles.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
@@ -30,13 +30,16 @@ constexpr std::size_t kLargestFile = 65536;  // bytes; a sound file has less tha
 constexpr std::size_t kLongestPlainName = 200;
 constexpr int kMostBrokenFiles = 999;
 
-const char* const kStoredKeys[] = {kCoverModeState,  kCoverModeValue, kCovermodeRadioButtonState,
-                                   kCmIndex,         kUnspecifed,     kPageinsertState,
-                                   kPageinsertValue, kPiIndex,        kPageinsertNums,
-                                   kCoverMediaType,  kPageMediaType};
+std::vector<std::string> storedKeys() {
+  std::vector<std::string> keys(std::begin(kPanelKeys), std::end(kPanelKeys));
+  for (const PublishingFeature& feature : kFeatures)
+    keys.emplace_back(feature.option);
+  return keys;
+}
 
 bool isStored(const std::string& key) {
-  return std::find(std::begin(kStoredKeys), std::end(kStoredKeys), key) != std::end(kStoredKeys);
+  const auto keys = storedKeys();
+  return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
 // Why the value cannot be trusted; nothing when it can. A job could not carry it either.
@@ -195,12 +198,12 @@ void StoredSettings::store(const std::string& queue, const Values& values) const
   if (earlier.hasUnsoundValues && linkAside(path).empty()) {
     throw cannotWrite(path, g_strerror(errno));
   }
-  for (const char* key : kStoredKeys) {
-    removeKey(earlier.file.get(), key);
+  for (const std::string& key : storedKeys()) {
+    removeKey(earlier.file.get(), key.c_str());
     const auto value = values.find(key);
     if (value == values.end()) continue;
     checkJobOption(key, value->second);
-    g_key_file_set_string(earlier.file.get(), kGroup, key, value->second.c_str());
+    g_key_file_set_string(earlier.file.get(), kGroup, key.c_str(), value->second.c_str());
   }
   gsize length = 0;
   const GlibText contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/PanelDump.h"
 
+#include "Publishing/PublishingFeatures.h"
+
 namespace publishing {
 namespace {
 
@@ -48,8 +50,8 @@ json dumpControls(PublishingPDE& panel) {
   bool loaded = false;
   for (const OutletBinding& binding : panel.outlets()) {
     // The withdrawn feature's pop-up is neither filled nor read by the panel.
-    if (binding.name == "TiMediaType") continue;
-    const std::string name(binding.name == "tabView" ? "tabs" : binding.name);
+    if (binding.name == outlet::TiMediaType) continue;
+    const std::string name(binding.name == outlet::tabView ? "tabs" : binding.name);
     std::visit(
         [&](auto* outlet) {
           if constexpr (std::is_same_v<decltype(outlet), View**>) {
@@ -84,7 +86,7 @@ json dumpFields(const PublishingSettings& state) {
   };
 }
 
-std::string toLine(const json& json) {
+std::string jsonLine(const json& json) {
   return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 

@@ -15,6 +15,6 @@ nlohmann::json dumpControls(PublishingPDE& panel);
 nlohmann::json dumpFields(const PublishingSettings& state);
 
 // One line of JSON with sorted keys. Bytes that are not UTF-8 are replaced by U+FFFD.
-std::string toLine(const nlohmann::json& json);
+std::string jsonLine(const nlohmann::json& json);
 
 }  // namespace publishing

@@ -91,7 +91,7 @@ const char* nameOf(Change change) {
 void writeChange(const std::string& file, Change change, const State& state) {
   json result = asJson(state);
   result["change"] = {{"file", file}, {"what", nameOf(change)}};
-  say(toLine(result));
+  say(jsonLine(result));
 }
 
 ExitStatus runEnable(const ExtensionOptions& options) {
@@ -153,7 +153,7 @@ ExitStatus runDisable(const ExtensionOptions& options) {
 ExitStatus runStatus(const ExtensionOptions& options) {
   const State state = stateOf(GtkSettingsPlaces::here(), options);
   if (options.json) {
-    say(toLine(asJson(state)));
+    say(jsonLine(asJson(state)));
   } else {
     say(translated(state.isListed() ? N_("enabled by %s: gtk-print-backends=%s")
                                     : N_("not enabled by %s: gtk-print-backends=%s"),

@@ -10,7 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "Publishing/PublishingKeys.h"
+#include "Publishing/PublishingFeatures.h"
 #include "base/Translation.h"
 #include "printing/JobTicket.h"
 #include "programs/commands/OptionAssignments.h"
@@ -32,8 +32,9 @@ struct MediaOptions {
 };
 
 // The items of one pop-up as the panel offers them.
-json mediaOf(PanelUser& user, const Printer& printer, const char* popUp, const char* option) {
-  const HeadlessPopUpButton& menu = user.popUp(popUp);
+json mediaOf(PanelUser& user, const Printer& printer, const PublishingFeature& feature) {
+  const char* option = feature.option;
+  const HeadlessPopUpButton& menu = user.popUp(feature.popUp);
   json items = json::array();
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
     json item = {{"choice", user.choiceOfItem(option, index)},
@@ -77,10 +78,10 @@ ExitStatus runMedia(const MediaOptions& options) {
   assignOptions(printer, ticket, options.marks);
   PanelUser user(printer, ticket);
   const json report = {{"printer", printer.name()},
-                       {"cover", mediaOf(user, printer, "CmMediaType", cCoverMediaType)},
-                       {"insert", mediaOf(user, printer, "PiMediaType", cPageMediaType)}};
+                       {"cover", mediaOf(user, printer, kCoverMode)},
+                       {"insert", mediaOf(user, printer, kPageInsert)}};
   if (options.json) {
-    say(toLine(report));
+    say(jsonLine(report));
   } else {
     printMedia(translated("Cover media"), report["cover"]);
     printMedia(translated("Insert media"), report["insert"]);

@@ -162,7 +162,7 @@ ExitStatus runPrint(const PrintOptions& options) {
   } else {
     printToFile(printer, ticket, document, title, options.output);
   }
-  if (options.json) say(toLine(report));
+  if (options.json) say(jsonLine(report));
   return status;
 }
 

@@ -34,7 +34,7 @@ ExitStatus runShow(const SettingsOptions& options) {
   for (const std::string& warning : loaded.warnings)
     warn(warning);
   if (options.json) {
-    say(toLine({{"queue", queue}, {"settings", loaded.values}}));
+    say(jsonLine({{"queue", queue}, {"settings", loaded.values}}));
     return kDone;
   }
   for (const auto& [key, value] : loaded.values)
@@ -49,7 +49,7 @@ ExitStatus runClear(const SettingsOptions& options) {
   const std::string queue = queueOf(options);
   const bool cleared = StoredSettings().clear(queue);
   if (options.json) {
-    say(toLine({{"queue", queue}, {"cleared", cleared}}));
+    say(jsonLine({{"queue", queue}, {"cleared", cleared}}));
   } else {
     say(translated(
         cleared ? N_("The settings stored for %s were cleared.") : N_("Nothing was stored for %s."),

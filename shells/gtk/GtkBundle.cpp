@@ -30,10 +30,15 @@ bool GtkBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
   const auto* text = static_cast<const char*>(g_bytes_get_data(description.get(), &size));
   auto loaded = GtkInterface::make(text, static_cast<gssize>(size));
   if (loaded == nullptr || !loaded->bind(owner)) return false;
+  loaded->setUserChanged(changed_);
   interfaces_.push_back(std::move(loaded));
   alertPanel_.setView(interface()->view());
   owner.awakeFromNib();
   return true;
+}
+
+void GtkBundle::setTooltip(std::string_view outlet, const std::string& text) {
+  if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
 bool GtkBundle::registerHelpBook() {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "Publishing/platform/Bundle.h"
+#include "shells/HostBundle.h"
 #include "shells/gtk/GtkAlertPanel.h"
 #include "shells/gtk/GtkInterface.h"
 
@@ -15,7 +15,7 @@ namespace publishing {
 // The plug-in's bundle for GTK programs. Texts come from the gettext catalogue "publishing"; the
 // interface description is compiled in; the help book is a folder of HTML pages that the desktop's
 // viewer shows, without a network.
-class GtkBundle final : public Bundle {
+class GtkBundle final : public HostBundle {
  public:
   // `path` is the folder that holds the help book "help". The user interface must be up (gtk_init).
   explicit GtkBundle(std::string path) : path_(std::move(path)) {}
@@ -31,6 +31,8 @@ class GtkBundle final : public Bundle {
   std::int32_t gotoHelpPage(const std::string& bookName) override;
 
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
+  void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void setTooltip(std::string_view outlet, const std::string& text) override;
 
   // The interface loaded last; null before the first load.
   [[nodiscard]] GtkInterface* interface() const;
@@ -42,6 +44,7 @@ class GtkBundle final : public Bundle {
   std::string path_;
   std::string helpPage_;
   GtkAlertPanel alertPanel_;
+  std::function<void()> changed_;
   std::vector<std::unique_ptr<GtkInterface>> interfaces_;
 };
 

@@ -14,7 +14,8 @@ GtkCheckBox::GtkCheckBox(GtkCheckButton* button) : GtkControl(GTK_WIDGET(button)
   const auto settle = [](GtkToggleButton* toggled, gpointer) {
     gtk_toggle_button_set_inconsistent(toggled, FALSE);
   };
-  handlers_.connect(button, "toggled", G_CALLBACK(+settle), nullptr);
+  handlers().connect(button, "toggled", G_CALLBACK(+settle), nullptr);
+  handlers().connect(button, "toggled", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
 }
 
 int GtkCheckBox::state() const {
@@ -23,7 +24,7 @@ int GtkCheckBox::state() const {
 }
 
 void GtkCheckBox::setState(int state) {
-  const SignalHandlers::Block block(handlers_);
+  const SignalHandlers::Block block(handlers());
   gtk_toggle_button_set_active(button(), state != 0);
   gtk_toggle_button_set_inconsistent(button(), state < 0);
 }
@@ -34,7 +35,7 @@ void GtkCheckBox::setAction(const char* signal, Action action) {
     auto& box = *static_cast<GtkCheckBox*>(self);
     guarded([&] { box.action_(box); });
   };
-  handlers_.connect(button(), signal, G_CALLBACK(+send), this);
+  handlers().connect(button(), signal, G_CALLBACK(+send), this);
 }
 
 GtkRadioMatrix::GtkRadioMatrix(GtkContainer* container) : GtkControl(GTK_WIDGET(container)) {
@@ -43,6 +44,8 @@ GtkRadioMatrix::GtkRadioMatrix(GtkContainer* container) : GtkControl(GTK_WIDGET(
     if (!GTK_IS_RADIO_BUTTON(child->data)) continue;
     auto* button = GTK_TOGGLE_BUTTON(child->data);
     cells_.push_back(std::make_unique<Cell>(Cell{this, shareGObject(button), {}}));
+    handlers().connect(button, "clicked", G_CALLBACK(&GtkRadioMatrix::dealtWith),
+                       cells_.back().get(), G_CONNECT_AFTER);
   }
   g_list_free(children);
   auto* group = cells_.empty() ? nullptr : GTK_RADIO_BUTTON(cells_.front()->button.get());
@@ -75,12 +78,12 @@ void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal, const
   for (const auto& cell : cells_) {
     if (cell->button.get() != GTK_TOGGLE_BUTTON(button)) continue;
     cell->action = action;
-    handlers_.connect(button, signal, G_CALLBACK(&GtkRadioMatrix::clicked), cell.get());
+    handlers().connect(button, signal, G_CALLBACK(&GtkRadioMatrix::clicked), cell.get());
   }
 }
 
 void GtkRadioMatrix::activate(GtkToggleButton* button) {
-  const SignalHandlers::Block block(handlers_);
+  const SignalHandlers::Block block(handlers());
   gtk_toggle_button_set_active(button, TRUE);
 }
 
@@ -89,6 +92,15 @@ void GtkRadioMatrix::clicked(GtkToggleButton* button, gpointer cell) {
   if (gtk_toggle_button_get_active(button) == 0) return;
   const auto& clickedCell = *static_cast<Cell*>(cell);
   guarded([&] { clickedCell.action(*clickedCell.matrix); });
+}
+
+void GtkRadioMatrix::dealtWith(GtkToggleButton* button, gpointer cell) {
+  if (gtk_toggle_button_get_active(button) == 0) return;
+  guarded([&] { static_cast<Cell*>(cell)->matrix->tellUserChanged(); });
+}
+
+GtkPopUpButton::GtkPopUpButton(GtkComboBox* comboBox) : GtkControl(GTK_WIDGET(comboBox)) {
+  handlers().connect(comboBox, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
 }
 
 GtkListStore* GtkPopUpButton::items() const {
@@ -106,6 +118,7 @@ std::optional<GtkTreeIter> GtkPopUpButton::item(std::int64_t index) const {
 }
 
 void GtkPopUpButton::removeAllItems() {
+  const SignalHandlers::Block block(handlers());
   titles_.clear();
   gtk_list_store_clear(items());
 }
@@ -140,6 +153,7 @@ void GtkPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
 }
 
 void GtkPopUpButton::selectItemAtIndex(std::int64_t index) {
+  const SignalHandlers::Block block(handlers());
   const bool exists = index >= 0 && index < numberOfItems();
   gtk_combo_box_set_active(comboBox(), exists ? static_cast<gint>(index) : -1);
 }

@@ -6,12 +6,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtk/gtk.h>
 
 #include "Publishing/platform/Controls.h"
+#include "shells/gtk/Guarded.h"
 #include "shells/gtk/SignalHandlers.h"
 
 namespace publishing {
@@ -28,7 +32,7 @@ class GtkView final : public View {
   GObjectPtr<GtkWidget> widget_;
 };
 
-// A widget that can be sensitive or not.
+// A widget that can be sensitive or not, and an ear for the user's gestures on it.
 template <class Interface>
 class GtkControl : public Interface {
  public:
@@ -39,8 +43,26 @@ class GtkControl : public Interface {
 
   [[nodiscard]] GtkWidget* widget() const { return widget_.get(); }
 
+  // Called after each gesture by which the user changed the control, when its action is done.
+  void setUserChanged(std::function<void()> changed) { changed_ = std::move(changed); }
+
+ protected:
+  // To be blocked while the control's own code changes the widget.
+  [[nodiscard]] SignalHandlers& handlers() { return handlers_; }
+
+  void tellUserChanged() const {
+    if (changed_) changed_();
+  }
+
+  // A handler for signals without arguments.
+  static void userChanged(GtkWidget*, gpointer self) {
+    guarded([&] { static_cast<GtkControl*>(self)->tellUserChanged(); });
+  }
+
  private:
   GObjectPtr<GtkWidget> widget_;
+  std::function<void()> changed_;
+  SignalHandlers handlers_;
 };
 
 // On a GtkCheckButton; mixed is "inconsistent".
@@ -60,7 +82,6 @@ class GtkCheckBox final : public GtkControl<CheckBox> {
   [[nodiscard]] GtkToggleButton* button() const { return GTK_TOGGLE_BUTTON(widget()); }
 
   Action action_;
-  SignalHandlers handlers_;
 };
 
 // On a container of two GtkRadioButtons, in the order of their columns. A third button of their
@@ -90,11 +111,11 @@ class GtkRadioMatrix final : public GtkControl<RadioMatrix> {
 
   void activate(GtkToggleButton* button);
   static void clicked(GtkToggleButton* button, gpointer cell);
+  static void dealtWith(GtkToggleButton* button, gpointer cell);
 
   std::vector<std::unique_ptr<Cell>> cells_;
   GObjectPtr<GtkToggleButton> noCell_;
   bool allowsEmptySelection_ = false;
-  SignalHandlers handlers_;
 };
 
 // On a GtkComboBox in menu mode whose list has a title and a "sensitive" column and whose cell
@@ -103,7 +124,7 @@ class GtkPopUpButton final : public GtkControl<PopUpButton> {
  public:
   enum Column { kTitle, kSensitive };
 
-  explicit GtkPopUpButton(GtkComboBox* comboBox) : GtkControl(GTK_WIDGET(comboBox)) {}
+  explicit GtkPopUpButton(GtkComboBox* comboBox);
 
   void removeAllItems() override;
   void addItemsWithTitles(const std::vector<std::string>& titles) override;

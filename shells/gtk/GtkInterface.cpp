@@ -3,13 +3,13 @@
 
 #include <utility>
 
+#include "Publishing/PublishingFeatures.h"
 #include "base/GlibHandles.h"
 #include "shells/InterfaceBinder.h"
+#include "shells/gtk/DisplayText.h"
 
 namespace publishing {
 namespace {
-
-constexpr const char* kViewName = "pdeView";
 
 // The object's id; empty when the description gave it none.
 std::string idOf(GObject* object) {
@@ -61,7 +61,7 @@ void GtkInterface::addObject(GObject* object) {
   }
   const std::string name = idOf(object);
   if (name.empty()) return;
-  if (name == kViewName) {
+  if (name == outlet::pdeView) {
     view_ = std::make_unique<GtkView>(GTK_WIDGET(object));
   } else if (GTK_IS_CHECK_BUTTON(object)) {
     checkBoxes_[name] = std::make_unique<GtkCheckBox>(GTK_CHECK_BUTTON(object));
@@ -92,7 +92,7 @@ bool GtkInterface::bind(InterfaceOwner& owner) {
 }
 
 void GtkInterface::bindOutlets(InterfaceBinder& binder) {
-  if (view_ != nullptr) binder.addView(kViewName, *view_);
+  if (view_ != nullptr) binder.addView(outlet::pdeView, *view_);
   for (const auto& [name, tabs] : tabViews_)
     binder.addOutlet<TabView>(name, *tabs);
   for (const auto& [name, box] : checkBoxes_)
@@ -118,6 +118,30 @@ void GtkInterface::bindAction(InterfaceBinder& binder, GObject* object, const ch
   } else {
     g_message("The handler '%s' is on an object that sends no action", handler);
   }
+}
+
+template <class Function>
+void GtkInterface::forEachControl(Function function) {
+  for (const auto& [name, box] : checkBoxes_)
+    function(name, *box);
+  for (const auto& [name, matrix] : radioMatrices_)
+    function(name, *matrix);
+  for (const auto& [name, popUp] : popUpButtons_)
+    function(name, *popUp);
+  for (const auto& [name, field] : textFields_)
+    function(name, *field);
+}
+
+void GtkInterface::setUserChanged(const std::function<void()>& changed) {
+  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+}
+
+void GtkInterface::setTooltip(std::string_view name, const std::string& text) {
+  const std::string shown = displayText(text);
+  forEachControl([&](const std::string& known, auto& control) {
+    if (known != name) return;
+    gtk_widget_set_tooltip_text(control.widget(), shown.empty() ? nullptr : shown.c_str());
+  });
 }
 
 GtkCheckBox* GtkInterface::checkBox(std::string_view name) {

@@ -41,11 +41,20 @@ class GtkInterface {
   [[nodiscard]] GtkTextField* textField(std::string_view name);
   [[nodiscard]] GtkTabView* tabView(std::string_view name);
 
+  // Called after each gesture by which the user changed a control.
+  void setUserChanged(const std::function<void()>& changed);
+
+  // Bytes that are not UTF-8 are shown as U+FFFD; empty for none. Nothing happens when there is no
+  // control of this name.
+  void setTooltip(std::string_view name, const std::string& text);
+
  private:
   template <class ControlType>
   using ControlsByName = std::map<std::string, std::unique_ptr<ControlType>, std::less<>>;
 
   explicit GtkInterface(GObjectPtr<GtkBuilder> builder);
+  template <class Function>
+  void forEachControl(Function function);
   void addObject(GObject* object);
   void bindOutlets(InterfaceBinder& binder);
   void bindAction(InterfaceBinder& binder, GObject* object, const char* signal,

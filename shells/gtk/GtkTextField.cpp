@@ -20,8 +20,9 @@ std::size_t byteOfCharacter(const std::string& text, gint character) {
 }  // namespace
 
 GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)) {
-  handlers_.connect(entry, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
-  handlers_.connect(entry, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
+  handlers().connect(entry, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
+  handlers().connect(entry, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
+  handlers().connect(entry, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
 }
 
 GtkTextField::~GtkTextField() {
@@ -44,13 +45,14 @@ void GtkTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
 }
 
 void GtkTextField::show(const std::string& text) {
-  const SignalHandlers::Block block(handlers_);
+  const SignalHandlers::Block block(handlers());
   if (text != gtk_entry_get_text(entry())) gtk_entry_set_text(entry(), text.c_str());
 }
 
 void GtkTextField::restore(const Content& content) {
   show(content.text);
   gtk_editable_set_position(editable(), content.cursor);
+  tellUserChanged();
 }
 
 // GTK makes the deletion and the insertion of one keystroke in one go, before its main loop gets
@@ -77,6 +79,7 @@ bool GtkTextField::mayBecome(const std::string& edited) {
   if (shown == edited) return true;
   show(displayText(shown));
   gtk_editable_set_position(editable(), -1);
+  tellUserChanged();
   return false;
 }
 

@@ -56,7 +56,6 @@ class GtkTextField final : public GtkControl<TextField> {
   // The field before a deletion that the same keystroke or paste may follow up with an insertion.
   std::optional<Content> beforeDeletion_;
   guint forgetSource_ = 0;
-  SignalHandlers handlers_;
 };
 
 }  // namespace publishing

@@ -13,6 +13,7 @@ bool HeadlessBundle::loadInterface(const std::string& name, InterfaceOwner& owne
   if (name != "Publishing") return false;
   auto loaded = std::make_unique<HeadlessInterface>();
   if (!loaded->bind(owner)) return false;
+  loaded->setUserChanged(changed_);
   interfaces_.push_back(std::move(loaded));
   owner.awakeFromNib();
   return true;
@@ -20,6 +21,10 @@ bool HeadlessBundle::loadInterface(const std::string& name, InterfaceOwner& owne
 
 HeadlessInterface* HeadlessBundle::interface() const {
   return interfaces_.empty() ? nullptr : interfaces_.back().get();
+}
+
+void HeadlessBundle::setTooltip(std::string_view outlet, const std::string& text) {
+  if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
 void HeadlessBundle::runAlertPanel(const std::string& title, const std::string& message,

@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "Publishing/platform/Bundle.h"
+#include "shells/HostBundle.h"
 #include "shells/headless/HeadlessInterface.h"
 
 namespace publishing {
 
 // The plug-in's bundle for programs without a display. Texts come from the program's gettext
 // catalogue "publishing"; alerts go to the function given; there is no help viewer.
-class HeadlessBundle final : public Bundle, private AlertPanel {
+class HeadlessBundle final : public HostBundle, private AlertPanel {
  public:
   using Alert = std::function<void(const std::string& title, const std::string& message,
                                    const std::string& defaultButton)>;
@@ -27,6 +27,8 @@ class HeadlessBundle final : public Bundle, private AlertPanel {
   bool registerHelpBook() override { return false; }
   std::int32_t gotoHelpPage(const std::string& /*bookName*/) override { return kNoHelpViewer; }
   [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
+  void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void setTooltip(std::string_view outlet, const std::string& text) override;
 
   // The interface loaded last, for the user's gestures; null before the first load.
   [[nodiscard]] HeadlessInterface* interface() const;
@@ -38,6 +40,7 @@ class HeadlessBundle final : public Bundle, private AlertPanel {
                      const std::string& defaultButton) override;
 
   Alert alert_;
+  std::function<void()> changed_;
   std::vector<std::unique_ptr<HeadlessInterface>> interfaces_;
 };
 

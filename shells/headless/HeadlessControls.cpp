@@ -21,6 +21,7 @@ void HeadlessCheckBox::click() {
   if (!isEnabled()) return;
   state_ = state_ == 0 ? 1 : 0;
   if (action_) action_(*this);
+  tellUserChanged();
 }
 
 void HeadlessRadioMatrix::selectCellAtRow(std::int64_t row, std::int64_t column) {
@@ -39,6 +40,7 @@ void HeadlessRadioMatrix::click(std::int64_t column) {
   if (!isEnabled() || column < 0 || column >= kColumns) return;
   selectedColumn_ = column;
   if (column < std::ssize(actions_)) actions_[static_cast<std::size_t>(column)](*this);
+  tellUserChanged();
 }
 
 void HeadlessPopUpButton::removeAllItems() {
@@ -77,7 +79,9 @@ std::optional<std::string> HeadlessPopUpButton::titleOfSelectedItem() const {
 }
 
 void HeadlessPopUpButton::choose(std::int64_t index) {
-  if (isEnabled() && holds(index) && isItemEnabledAtIndex(index)) selected_ = index;
+  if (!isEnabled() || !holds(index) || !isItemEnabledAtIndex(index)) return;
+  selected_ = index;
+  tellUserChanged();
 }
 
 bool HeadlessPopUpButton::holds(std::int64_t index) const {
@@ -95,6 +99,7 @@ void HeadlessTextField::type(const std::string& text) {
     if (formatter_ != nullptr && !formatter_->isPartialStringValid(edited, shown)) continue;
     value_ = std::move(shown);
   }
+  tellUserChanged();
 }
 
 std::int64_t HeadlessTabView::numberOfTabViewItems() const {

@@ -15,15 +15,28 @@ namespace publishing {
 
 class HeadlessView final : public View {};
 
-// The enabled state that all controls share.
+// What all controls have: the enabled state, a tooltip, and an ear for the user's gestures.
 template <class Interface>
 class HeadlessControl : public Interface {
  public:
   [[nodiscard]] bool isEnabled() const override { return enabled_; }
   void setEnabled(bool enabled) override { enabled_ = enabled; }
 
+  [[nodiscard]] const std::string& tooltip() const { return tooltip_; }
+  void setTooltip(const std::string& tooltip) { tooltip_ = tooltip; }
+
+  // Called after each gesture that did something, when the control's action is done.
+  void setUserChanged(std::function<void()> changed) { changed_ = std::move(changed); }
+
+ protected:
+  void tellUserChanged() const {
+    if (changed_) changed_();
+  }
+
  private:
   bool enabled_ = true;
+  std::string tooltip_;
+  std::function<void()> changed_;
 };
 
 class HeadlessCheckBox final : public HeadlessControl<CheckBox> {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/headless/HeadlessInterface.h"
 
+#include "Publishing/PublishingFeatures.h"
 #include "shells/InterfaceBinder.h"
 
 namespace publishing {
@@ -13,23 +14,20 @@ struct CheckBoxDescription {
 };
 
 constexpr CheckBoxDescription kCheckBoxes[] = {
-    {"CmCheckBox", "changeCmEnableState"},
-    {"CmFrontOutside", nullptr},
-    {"CmFrontInside", nullptr},
-    {"CmBackOutside", nullptr},
-    {"CmBackInside", nullptr},
-    {"TiCheckBox", "changeTiEnableState"},
-    {"TiPrintOnBack", nullptr},
-    {"PiCheckBox", "changePiEnableState"},
-    {"PiPrintOnBack", nullptr},
-    {"PiPrintOnFront", nullptr},
+    {outlet::CmCheckBox, action::changeCmEnableState},
+    {outlet::CmFrontOutside, nullptr},
+    {outlet::CmFrontInside, nullptr},
+    {outlet::CmBackOutside, nullptr},
+    {outlet::CmBackInside, nullptr},
+    {outlet::TiCheckBox, action::changeTiEnableState},
+    {outlet::TiPrintOnBack, nullptr},
+    {outlet::PiCheckBox, action::changePiEnableState},
+    {outlet::PiPrintOnBack, nullptr},
+    {outlet::PiPrintOnFront, nullptr},
 };
-constexpr const char* kMatrix = "CmFrontandBackMatrix";
-constexpr const char* kMatrixActions[] = {"radioButtonF", "radioButtonFnB"};
-constexpr const char* kPopUps[] = {"CmMediaType", "TiMediaType", "PiMediaType"};
-constexpr const char* kPageField = "PiPageNum";
+constexpr const char* kMatrixActions[] = {action::radioButtonF, action::radioButtonFnB};
+constexpr const char* kPopUps[] = {outlet::CmMediaType, outlet::TiMediaType, outlet::PiMediaType};
 constexpr const char* kTabs[] = {"Cover Mode", "Transparency Interleaving", "Page Insert"};
-constexpr const char* kTabAction = "tabViewDidSelectTabViewItem";
 
 template <class Controls>
 auto* find(Controls& controls, std::string_view name) {
@@ -43,16 +41,16 @@ HeadlessInterface::HeadlessInterface() {
   tabView_.setLabels({std::begin(kTabs), std::end(kTabs)});
   for (const auto& box : kCheckBoxes)
     checkBoxes_[box.name];
-  radioMatrices_[kMatrix];
+  radioMatrices_[outlet::CmFrontandBackMatrix];
   for (const char* popUp : kPopUps)
     popUpButtons_[popUp];
-  textFields_[kPageField];
+  textFields_[outlet::PiPageNum];
 }
 
 bool HeadlessInterface::bind(InterfaceOwner& owner) {
   InterfaceBinder binder(owner);
-  binder.addView("pdeView", view_);
-  binder.addOutlet<TabView>("tabView", tabView_);
+  binder.addView(outlet::pdeView, view_);
+  binder.addOutlet<TabView>(outlet::tabView, tabView_);
   for (auto& [name, box] : checkBoxes_)
     binder.addOutlet<CheckBox>(name, box);
   for (auto& [name, matrix] : radioMatrices_)
@@ -70,9 +68,31 @@ bool HeadlessInterface::bind(InterfaceOwner& owner) {
   std::vector<HeadlessRadioMatrix::Action> cells;
   for (const char* action : kMatrixActions)
     cells.push_back(binder.action<RadioMatrix&>(action));
-  radioMatrices_[kMatrix].setActions(std::move(cells));
-  tabView_.setAction(binder.action<>(kTabAction));
+  radioMatrices_[outlet::CmFrontandBackMatrix].setActions(std::move(cells));
+  tabView_.setAction(binder.action<>(action::tabViewDidSelectTabViewItem));
   return binder.connect();
+}
+
+template <class Function>
+void HeadlessInterface::forEachControl(Function function) {
+  for (auto& [name, box] : checkBoxes_)
+    function(name, box);
+  for (auto& [name, matrix] : radioMatrices_)
+    function(name, matrix);
+  for (auto& [name, popUp] : popUpButtons_)
+    function(name, popUp);
+  for (auto& [name, field] : textFields_)
+    function(name, field);
+}
+
+void HeadlessInterface::setUserChanged(const std::function<void()>& changed) {
+  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+}
+
+void HeadlessInterface::setTooltip(std::string_view name, const std::string& text) {
+  forEachControl([&](const std::string& known, auto& control) {
+    if (known == name) control.setTooltip(text);
+  });
 }
 
 HeadlessCheckBox* HeadlessInterface::checkBox(std::string_view name) {

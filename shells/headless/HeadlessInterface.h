@@ -29,7 +29,16 @@ class HeadlessInterface {
   [[nodiscard]] HeadlessTextField* textField(std::string_view name);
   [[nodiscard]] HeadlessTabView& tabView() { return tabView_; }
 
+  // Called after each gesture of the user on a control.
+  void setUserChanged(const std::function<void()>& changed);
+
+  // Nothing happens when there is no control of this name.
+  void setTooltip(std::string_view name, const std::string& text);
+
  private:
+  template <class Function>
+  void forEachControl(Function function);
+
   HeadlessView view_;
   HeadlessTabView tabView_;
   std::map<std::string, HeadlessCheckBox, std::less<>> checkBoxes_;

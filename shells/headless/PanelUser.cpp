@@ -4,23 +4,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "Publishing/PublishingKeys.h"
 #include "Publishing/global.h"
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "shells/MediaReason.h"
-#include "shells/PrintHost.h"
+#include "shells/TicketCallback.h"
 
 namespace publishing {
-
-// A media pop-up and the PPD option behind it.
-struct PanelUser::Media {
-  const char* popUp;
-  const char* option;
-};
-
-const PanelUser::Media PanelUser::kCover = {"CmMediaType", cCoverMediaType};
-const PanelUser::Media PanelUser::kInsert = {"PiMediaType", cPageMediaType};
 
 // A side's name on the command line, its check box, and what it takes to be offered.
 struct PanelUser::Side {
@@ -51,7 +41,7 @@ PanelUser::PanelUser(Printer& printer, JobTicket& ticket)
             alerts_.push_back(title + ": " + message);
           })) {
   plugin_.initWithBundle(bundle_);
-  auto host = std::make_shared<PrintHost>(printer, ticket);
+  auto host = std::make_shared<TicketCallback>(printer, ticket);
   panel_ = plugin_.PDEPanelsForType(kPrinterModulePanelType, host)->front();
   panel_->panelView();
   panel_->restoreValuesAndReturnError();
@@ -65,9 +55,9 @@ void PanelUser::apply(const PanelRequest& request) {
 
 void PanelUser::applyCover(const PanelRequest& request) {
   if (request.cover) {
-    if (*request.cover != kNone) requireMedia(kCover);
-    switchFeature("CmCheckBox", *request.cover != kNone);
-    HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix("CmFrontandBackMatrix");
+    if (*request.cover != kNone) requireMedia(kCoverMode);
+    switchFeature(kCoverMode, *request.cover != kNone);
+    HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix(outlet::CmFrontandBackMatrix);
     const std::int64_t column = *request.cover == "front-back" ? 1 : 0;
     // A click on the selected cell would untick its sides.
     if (*request.cover != kNone && covers.selectedColumn() != column) covers.click(column);
@@ -78,20 +68,20 @@ void PanelUser::applyCover(const PanelRequest& request) {
         translated("There is no cover: --cover-media and --cover-sides need --cover front or "
                    "--cover front-back."));
   }
-  if (request.coverMedia) choose(kCover, *request.coverMedia);
+  if (request.coverMedia) choose(kCoverMode, *request.coverMedia);
   if (request.coverSides) {
-    tick({{"front-outside", "CmFrontOutside", kAlwaysOffered},
-          {"front-inside", "CmFrontInside", kNeedsTwoSided},
-          {"back-outside", "CmBackOutside", kNeedsBoth},
-          {"back-inside", "CmBackInside", kNeedsBackCover}},
+    tick({{"front-outside", outlet::CmFrontOutside, kAlwaysOffered},
+          {"front-inside", outlet::CmFrontInside, kNeedsTwoSided},
+          {"back-outside", outlet::CmBackOutside, kNeedsBoth},
+          {"back-inside", outlet::CmBackInside, kNeedsBackCover}},
          *request.coverSides);
   }
 }
 
 void PanelUser::applyInsert(const PanelRequest& request) {
   if (request.insert) {
-    if (*request.insert != kNone) requireMedia(kInsert);
-    switchFeature("PiCheckBox", *request.insert != kNone);
+    if (*request.insert != kNone) requireMedia(kPageInsert);
+    switchFeature(kPageInsert, *request.insert != kNone);
     if (*request.insert != kNone) typePages(*request.insert);
   }
   if (!request.insertMedia && !request.insertSides) return;
@@ -99,15 +89,16 @@ void PanelUser::applyInsert(const PanelRequest& request) {
     throw PrintError::usage(
         translated("There are no inserts: --insert-media and --insert-sides need --insert LIST."));
   }
-  if (request.insertMedia) choose(kInsert, *request.insertMedia);
+  if (request.insertMedia) choose(kPageInsert, *request.insertMedia);
   if (request.insertSides) {
-    tick({{"front", "PiPrintOnFront", kAlwaysOffered}, {"back", "PiPrintOnBack", kNeedsTwoSided}},
+    tick({{"front", outlet::PiPrintOnFront, kAlwaysOffered},
+          {"back", outlet::PiPrintOnBack, kNeedsTwoSided}},
          *request.insertSides);
   }
 }
 
-void PanelUser::switchFeature(const char* checkBox, bool on) {
-  HeadlessCheckBox& box = *bundle_->interface()->checkBox(checkBox);
+void PanelUser::switchFeature(const PublishingFeature& feature, bool on) {
+  HeadlessCheckBox& box = *bundle_->interface()->checkBox(feature.checkBox);
   if ((box.state() == 1) == on) return;
   if (!box.isEnabled()) {
     throw PrintError::refused(
@@ -117,22 +108,22 @@ void PanelUser::switchFeature(const char* checkBox, bool on) {
   box.click();
 }
 
-void PanelUser::requireMedia(const Media& media) const {
-  if (popUp(media.popUp).numberOfItems() > 0) return;
+void PanelUser::requireMedia(const PublishingFeature& feature) const {
+  if (popUp(feature.popUp).numberOfItems() > 0) return;
   throw PrintError::refused(
       translated("%s offers no media for this: its PPD has no choices for the option %s. Choose a "
                  "printer that supports covers and inserts.",
-                 printer_.name(), media.option));
+                 printer_.name(), feature.option));
 }
 
-void PanelUser::choose(const Media& media, const std::string& wanted) {
-  const std::int64_t index = itemOf(media, wanted);
-  HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(media.popUp);
+void PanelUser::choose(const PublishingFeature& feature, const std::string& wanted) {
+  const std::int64_t index = itemOf(feature, wanted);
+  HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(feature.popUp);
   if (!popUp.isItemEnabledAtIndex(index)) {
     throw PrintError::refused(
         translated("%s is not available: %s. Choose another medium or change that setting.",
                    shown(popUp.itemTitleAtIndex(index)),
-                   reasonAgainstMedia(*panel_, printer_, media.option, index)));
+                   reasonAgainstMedia(*panel_, printer_, feature.option, index)));
   }
   popUp.choose(index);
 }
@@ -146,12 +137,12 @@ std::string PanelUser::choiceOfItem(const char* option, std::int64_t index) cons
   return printer_.ppd()->choices(option).at(static_cast<std::size_t>(index)).choice;
 }
 
-std::int64_t PanelUser::itemOf(const Media& media, const std::string& wanted) const {
-  const HeadlessPopUpButton& menu = popUp(media.popUp);
+std::int64_t PanelUser::itemOf(const PublishingFeature& feature, const std::string& wanted) const {
+  const HeadlessPopUpButton& menu = popUp(feature.popUp);
   std::optional<std::int64_t> byText;
   std::string known;
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
-    const std::string choice = choiceOfItem(media.option, index);
+    const std::string choice = choiceOfItem(feature.option, index);
     if (choice == wanted) return index;
     if (!byText && menu.itemTitleAtIndex(index) == wanted) byText = index;
     known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));
@@ -180,7 +171,7 @@ void PanelUser::tick(const std::vector<Side>& sides, const std::vector<std::stri
 }
 
 void PanelUser::typePages(const std::string& list) {
-  HeadlessTextField& field = *bundle_->interface()->textField("PiPageNum");
+  HeadlessTextField& field = *bundle_->interface()->textField(outlet::PiPageNum);
   field.type(list);
   if (field.stringValue() != list) {
     throw PrintError::refused(

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Publishing/PublishingFeatures.h"
 #include "Publishing/PublishingPDEPlugin.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
@@ -48,17 +49,15 @@ class PanelUser {
   [[nodiscard]] std::string choiceOfItem(const char* option, std::int64_t index) const;
 
  private:
-  struct Media;
   struct Side;
-  static const Media kCover;
-  static const Media kInsert;
 
   void applyCover(const PanelRequest& request);
   void applyInsert(const PanelRequest& request);
-  void switchFeature(const char* checkBox, bool on);
-  void requireMedia(const Media& media) const;
-  void choose(const Media& media, const std::string& wanted);
-  [[nodiscard]] std::int64_t itemOf(const Media& media, const std::string& wanted) const;
+  void switchFeature(const PublishingFeature& feature, bool on);
+  void requireMedia(const PublishingFeature& feature) const;
+  void choose(const PublishingFeature& feature, const std::string& wanted);
+  [[nodiscard]] std::int64_t itemOf(const PublishingFeature& feature,
+                                    const std::string& wanted) const;
   void tick(const std::vector<Side>& sides, const std::vector<std::string>& wanted);
   void typePages(const std::string& list);
 

@@ -19,7 +19,7 @@ class GtkStage final : public PanelStage {
   GtkStage& operator=(const GtkStage&) = delete;
   ~GtkStage() override;
 
-  [[nodiscard]] std::shared_ptr<Bundle> bundle() override { return bundle_; }
+  [[nodiscard]] std::shared_ptr<HostBundle> bundle() override { return bundle_; }
 
   void click(const std::string& checkBox) override;
   void clickRadioCell(std::int64_t column) override;

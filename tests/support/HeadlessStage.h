@@ -14,7 +14,7 @@ class HeadlessStage final : public PanelStage {
   explicit HeadlessStage(AlertSink alerts)
       : bundle_(std::make_shared<HeadlessBundle>(std::move(alerts))) {}
 
-  [[nodiscard]] std::shared_ptr<Bundle> bundle() override { return bundle_; }
+  [[nodiscard]] std::shared_ptr<HostBundle> bundle() override { return bundle_; }
 
   void click(const std::string& checkBox) override {
     if (auto* interface = bundle_->interface()) interface->checkBox(checkBox)->click();

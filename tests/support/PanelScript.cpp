@@ -36,10 +36,10 @@ PanelScript::PanelScript(const StageFactory& makeStage, std::ostream& output)
     : output_(output),
       stage_(makeStage([this](const auto& title, const auto& message, const auto& button) {
         const json alert = {{"title", title}, {"message", message}, {"button", button}};
-        output_ << toLine({{"alert", alert}}) << '\n';
+        output_ << jsonLine({{"alert", alert}}) << '\n';
       })),
       host_(std::make_shared<ScriptHost>([this](const auto& option, const auto& choice) {
-        output_ << toLine({{"push", {{"option", option}, {"choice", choice}}}}) << '\n';
+        output_ << jsonLine({{"push", {{"option", option}, {"choice", choice}}}}) << '\n';
       })) {
   plugin_.initWithBundle(stage_->bundle());
   panel_ = plugin_.PDEPanelsForType(kPrinterModulePanelType, host_)->front();
@@ -104,12 +104,12 @@ void PanelScript::unset(const std::string& key) {
 
 void PanelScript::restore() {
   const bool restored = panel_->restoreValuesAndReturnError();
-  output_ << toLine({{"restore", restored}}) << '\n';
+  output_ << jsonLine({{"restore", restored}}) << '\n';
 }
 
 void PanelScript::save() {
   const bool saved = panel_->saveValuesAndReturnError();
-  output_ << toLine({{"save", saved}}) << '\n';
+  output_ << jsonLine({{"save", saved}}) << '\n';
 }
 
 void PanelScript::click(const std::string& name) {
@@ -153,14 +153,14 @@ void PanelScript::setDictionary(const std::string& outcome) {
 }
 
 void PanelScript::dump() {
-  output_ << toLine({{"controls", dumpControls(*panel_)},
-                     {"fields", dumpFields(panel_->state())},
-                     {"settings", host_->printSettings().values()}})
+  output_ << jsonLine({{"controls", dumpControls(*panel_)},
+                       {"fields", dumpFields(panel_->state())},
+                       {"settings", host_->printSettings().values()}})
           << '\n';
 }
 
 void PanelScript::dumpSummary() {
-  output_ << toLine({{"summary", panel_->summaryInfo()}}) << '\n';
+  output_ << jsonLine({{"summary", panel_->summaryInfo()}}) << '\n';
 }
 
 template <class ControlType>

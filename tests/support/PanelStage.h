@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "Publishing/platform/Bundle.h"
+#include "shells/HostBundle.h"
 
 namespace publishing {
 
@@ -18,7 +18,7 @@ class PanelStage {
   virtual ~PanelStage() = default;
 
   // Alerts are to be passed to the stage's owner instead of waiting for a user.
-  [[nodiscard]] virtual std::shared_ptr<Bundle> bundle() = 0;
+  [[nodiscard]] virtual std::shared_ptr<HostBundle> bundle() = 0;
 
   virtual void click(const std::string& checkBox) = 0;
   virtual void clickRadioCell(std::int64_t column) = 0;

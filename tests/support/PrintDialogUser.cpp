@@ -177,7 +177,7 @@ void PrintDialogUser::type(const char* text) {
 }
 
 void PrintDialogUser::setDialogOption(const char* name, const char* choice) {
-  if (!PrinterOptionSet::newest().set(name, choice)) {
+  if (!DialogOptionSet::newest().set(name, choice)) {
     throw std::runtime_error(std::string("the dialog has no option ") + name);
   }
   GtkStage::settle();

@@ -9,7 +9,7 @@
 namespace publishing {
 
 // Puts options among the settings of a print job just before it is sent, whichever program sends
-// it: the way for dialogs whose own options cannot be reached (see PrinterOptionSet). It knows a
+// it: the way for dialogs whose own options cannot be reached (see DialogOptionSet). It knows a
 // job by its printer only.
 class JobHandover {
  public:

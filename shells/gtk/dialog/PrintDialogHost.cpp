@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/dialog/PrintDialogHost.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/global.h"
 #include "base/Translation.h"
+#include "shells/gtk/GtkBundle.h"
 #include "shells/gtk/Guarded.h"
 #include "shells/gtk/dialog/ConflictDialog.h"
+#include "shells/gtk/dialog/DialogSettings.h"
 #include "shells/gtk/dialog/JobHandover.h"
 
 namespace publishing {
@@ -20,26 +20,8 @@ constexpr const char* kHostKey = "publishing-print-dialog-host";
 // The dialog's own controls whose changes the panel follows; reverse order is no printer option.
 constexpr const char* kReverseCheck = "reverse_check";
 
-// What the panel saves in the ticket under keys of its own.
-constexpr const char* kPanelKeys[] = {kCoverModeState,  kCoverModeValue, kCovermodeRadioButtonState,
-                                      kCmIndex,         kUnspecifed,     kPageinsertState,
-                                      kPageinsertValue, kPiIndex,        kPageinsertNums};
-
 std::string dialogName(const std::string& jobOption) {
   return "cups-" + jobOption;
-}
-
-// Those of a job's settings that come from the panel, media included, as the dialog names them.
-JobHandover::Options panelOptions(const JobTicket::Options& settings) {
-  JobHandover::Options options;
-  for (const auto& [key, value] : settings) {
-    const bool isMedium = key == cCoverMediaType || key == cPageMediaType;
-    if (isMedium ||
-        std::find(std::begin(kPanelKeys), std::end(kPanelKeys), key) != std::end(kPanelKeys)) {
-      options[dialogName(key)] = value;
-    }
-  }
-  return options;
 }
 
 }  // namespace
@@ -52,7 +34,7 @@ bool PrintDialogHost::attach(GtkPrintUnixDialog* dialog) {
   if (of(dialog) != nullptr) return true;
   HostRules rules = HostRules::load();
   if (!rules.extension || (PublishingPDE::shouldHide() && !rules.showHiddenPanels)) return false;
-  if (!PrinterOptionSet::watch() && !JobHandover::watch()) {
+  if (!DialogOptionSet::watch() && !JobHandover::watch()) {
     g_message("This GTK takes no options from the panel, which is left out");
     return false;
   }
@@ -78,7 +60,8 @@ void PrintDialogHost::detach(GtkPrintUnixDialog* dialog) {
 PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
     : dialog_(dialog),
       rules_(std::move(rules)),
-      page_(translated(kPublishingPanelNameKey), [this] { showHelp(); }) {
+      page_(translated(kPublishingPanelNameKey), [this] { host_.showHelp(); }),
+      host_(*this) {
   gtk_print_unix_dialog_add_custom_tab(dialog_, page_.content(), page_.label());
 }
 
@@ -87,23 +70,23 @@ PrintDialogHost::~PrintDialogHost() {
 }
 
 void PrintDialogHost::connect() {
-  const auto printer = [](GObject*, GParamSpec*, gpointer host) {
-    guarded([&] { static_cast<PrintDialogHost*>(host)->followPrinter(); });
+  const auto printer = [](GObject*, GParamSpec*, gpointer self) {
+    guarded([&] { static_cast<PrintDialogHost*>(self)->followPrinter(); });
   };
-  const auto response = [](GtkDialog* dialog, gint id, gpointer host) {
+  const auto response = [](GtkDialog* dialog, gint id, gpointer self) {
     if (id != GTK_RESPONSE_OK) return;
     bool print = true;
-    guarded([&] { print = static_cast<PrintDialogHost*>(host)->mayPrint(); });
+    guarded([&] { print = static_cast<PrintDialogHost*>(self)->host_.mayPrint(); });
     if (!print) g_signal_stop_emission_by_name(dialog, "response");
   };
   const auto gone = [](GtkWidget* dialog, gpointer) {
     g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);
   };
-  const auto soon = [](GtkWidget*, gpointer host) {
-    static_cast<PrintDialogHost*>(host)->refreshSoon();
+  const auto soon = [](GtkWidget*, gpointer self) {
+    static_cast<PrintDialogHost*>(self)->refreshSoon();
   };
-  const auto mapped = [](GtkWidget*, gpointer host) {
-    guarded([&] { static_cast<PrintDialogHost*>(host)->refresh(); });
+  const auto mapped = [](GtkWidget*, gpointer self) {
+    guarded([&] { static_cast<PrintDialogHost*>(self)->host_.refresh(); });
   };
   handlers_.connect(dialog_, "notify::selected-printer", G_CALLBACK(+printer), this);
   handlers_.connect(dialog_, "response", G_CALLBACK(+response), this);
@@ -116,127 +99,104 @@ void PrintDialogHost::connect() {
   }
 }
 
-void PrintDialogHost::showMessage(const std::string& text, bool waiting) {
-  page_.showMessage(text, waiting);
-  panel_.reset();
-}
-
+// The dialog has just made the options of the printer that it reports.
 void PrintDialogHost::followPrinter() {
-  fetch_.reset();
-  optionHandlers_.disconnectAll();
-  options_ = PrinterOptionSet::newest();
-  GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog_);
-  if (printer == nullptr) {
-    showMessage(translated("Choose a printer to see its covers and inserts."));
-    return;
-  }
-  if (gtk_printer_is_virtual(printer) != 0) {
-    showMessage(translated(
-        "Covers and inserts need a printer; they are not available when you print to a file."));
-    return;
-  }
-  const std::string name = gtk_printer_get_name(printer);
-  page_.showForNow(translated("Asking the printer %s about covers and inserts…", name), true);
-  panel_.reset();
-  fetch_ = std::make_unique<PrinterFetch>(
-      name, rules_.printerSeconds,
-      [this](std::unique_ptr<Printer> opened, const std::string& problem) {
-        guarded([&] { showPrinter(std::move(opened), problem); });
-      },
-      [this, name] {
-        showMessage(
-            translated("The printer %s is not responding. You can choose covers and inserts once "
-                       "it does; other printers are listed on the “General” tab.",
-                       name),
-            true);
-      });
-}
-
-void PrintDialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string& problem) {
-  if (printer == nullptr) {
-    showMessage(problem);
-    return;
-  }
-  if (!HostedPanel::suits(*printer)) {
-    showMessage(
-        translated("The printer %s does not offer covers and inserts. They need a Zephrel "
-                   "PostScript printer with its own driver.",
-                   printer->name()));
-    return;
-  }
-  for (const std::string& warning : printer->warnings())
-    g_message("%s", warning.c_str());
-  const DialogJob job = DialogJob::of(dialog_);
-  panel_ = std::make_unique<HostedPanel>(std::move(printer), job, rules_.dataFolder,
-                                         [this] { guarded([this] { panelChanged(); }); });
-  page_.offerPanel(panel_->name());
-  const auto soon = [](GObject*, gpointer host) {
-    static_cast<PrintDialogHost*>(host)->refreshSoon();
+  const auto soon = [](GObject*, gpointer self) {
+    static_cast<PrintDialogHost*>(self)->refreshSoon();
   };
+  optionHandlers_.disconnectAll();
+  options_ = DialogOptionSet::newest();
   if (options_) optionHandlers_.connect(options_.object(), "changed", G_CALLBACK(+soon), this);
-  if (page_.isInFront() || panel_->matters(job)) openPanel();
-}
-
-bool PrintDialogHost::openPanel() {
-  if (panel_->isOpen()) return true;
-  GtkWidget* view = panel_->open(DialogJob::of(dialog_));
-  if (view == nullptr) {
-    showMessage(translated("The panel cannot be shown because it is not completely installed."));
-    return false;
-  }
-  page_.showPanel(view);
-  giveStoredMedia();
-  panelChanged();
-  return true;
+  host_.followPrinter();
 }
 
 void PrintDialogHost::refreshSoon() {
-  if (refreshSource_ != 0 || panel_ == nullptr) return;
-  const auto run = [](gpointer self) -> gboolean {
-    auto& host = *static_cast<PrintDialogHost*>(self);
-    host.refreshSource_ = 0;
-    guarded([&] { host.refresh(); });
+  if (refreshSource_ != 0 || !hasPanel()) return;
+  const auto run = [](gpointer data) -> gboolean {
+    auto& self = *static_cast<PrintDialogHost*>(data);
+    self.refreshSource_ = 0;
+    guarded([&] { self.host_.refresh(); });
     return G_SOURCE_REMOVE;
   };
   refreshSource_ = g_idle_add(+run, this);
 }
 
-void PrintDialogHost::refresh() {
-  if (panel_ == nullptr) return;
-  const DialogJob job = DialogJob::of(dialog_);
-  const bool isNeeded = page_.isInFront() || panel_->matters(job);
-  if (!panel_->isOpen() && (!isNeeded || !openPanel())) return;
-  panel_->follow(job);
-  panel_->takeMedia(job);
-  panelChanged();
+std::optional<ToolkitDialog::Selection> PrintDialogHost::selection() const {
+  GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog_);
+  if (printer == nullptr) return std::nullopt;
+  return Selection{gtk_printer_get_name(printer), gtk_printer_is_virtual(printer) != 0};
 }
 
-void PrintDialogHost::giveMedia() {
-  const SignalHandlers::Block block(optionHandlers_);
-  for (const auto& [option, choice] : panel_->media()) {
-    if (options_.set(dialogName(option), choice)) panel_->dialogShows(option, choice);
+DialogJob PrintDialogHost::job() const {
+  return jobOf(dialog_);
+}
+
+void PrintDialogHost::openPrinter(const std::string& queue, Opened opened,
+                                  std::function<void()> late) {
+  fetch_ = std::make_unique<PrinterFetch>(queue, rules_.printerSeconds, std::move(opened),
+                                          std::move(late));
+}
+
+std::shared_ptr<HostBundle> PrintDialogHost::makeBundle() {
+  return std::make_shared<GtkBundle>(rules_.dataFolder);
+}
+
+void PrintDialogHost::showMessage(const std::string& text, Waiting waiting) {
+  if (waiting == Waiting::Asking) {
+    page_.showForNow(text, true);
+  } else {
+    page_.showMessage(text, waiting == Waiting::Late);
   }
 }
 
-// The dialog's own handler would take the change for the user's and stop waiting for the printer
-// that it wants to select.
-void PrintDialogHost::giveStoredMedia() {
+void PrintDialogHost::showPanel(View& view) {
+  page_.showPanel(dynamic_cast<GtkView&>(view).widget());
+}
+
+bool PrintDialogHost::showChoice(const std::string& option, const std::string& choice,
+                                 bool byUser) {
   GObject* set = options_.object();
-  if (set == nullptr) return;
+  if (set == nullptr) return false;
+  const SignalHandlers::Block own(optionHandlers_);
+  if (byUser) return options_.set(dialogName(option), choice);
+  // The dialog's own handler would take the change for the user's and stop waiting for the printer
+  // that it wants to select.
   g_signal_handlers_block_matched(set, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, dialog_);
-  giveMedia();
+  const bool isShown = options_.set(dialogName(option), choice);
   g_signal_handlers_unblock_matched(set, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, dialog_);
+  return isShown;
 }
 
-void PrintDialogHost::panelChanged() {
-  if (panel_ == nullptr) return;
-  giveMedia();
-  panel_->showReasons();
-  page_.setSummary(panel_->summary());
+void PrintDialogHost::handOver(const JobTicket::Options& options) {
+  if (!options_) {
+    JobHandover::Options named;
+    for (const auto& [key, value] : options)
+      named[dialogName(key)] = value;
+    JobHandover::give(gtk_print_unix_dialog_get_selected_printer(dialog_), std::move(named));
+    return;
+  }
+  for (const char* key : kPanelKeys) {
+    const auto saved = options.find(key);
+    if (saved != options.end()) {
+      options_.store(dialogName(key), saved->second);
+    } else {
+      options_.remove(dialogName(key));
+    }
+  }
 }
 
-void PrintDialogHost::showHelp() {
-  if (panel_ == nullptr || panel_->showHelp()) return;
+void PrintDialogHost::bringTabToFront() {
+  GtkWidget* tabs = gtk_widget_get_ancestor(page_.content(), GTK_TYPE_NOTEBOOK);
+  if (tabs == nullptr) return;
+  auto* notebook = GTK_NOTEBOOK(tabs);
+  gtk_notebook_set_current_page(notebook, gtk_notebook_page_num(notebook, page_.content()));
+}
+
+bool PrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
+  return publishing::insistsOnConflicts(GTK_WINDOW(dialog_), conflicts);
+}
+
+void PrintDialogHost::sayHelpIsMissing() {
   GtkWidget* notice = gtk_message_dialog_new(
       GTK_WINDOW(dialog_),
       static_cast<GtkDialogFlags>(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT),
@@ -248,51 +208,6 @@ void PrintDialogHost::showHelp() {
           .c_str());
   g_signal_connect(notice, "response", G_CALLBACK(gtk_widget_destroy), nullptr);
   gtk_widget_show(notice);
-}
-
-bool PrintDialogHost::mayPrint() {
-  if (panel_ == nullptr) return true;
-  // The alerts below run a main loop of their own, in which the program may destroy the dialog.
-  const auto dialog = shareGObject(dialog_);
-  const auto isGone = [&dialog, this] { return of(dialog.get()) != this; };
-  if (!openPanel()) return true;
-  refresh();
-  const auto settings = panel_->save();
-  if (isGone()) return false;
-  if (!settings) {
-    bringToFront();
-    return false;
-  }
-  const auto conflicts = panel_->conflicts();
-  if (!conflicts.empty()) {
-    const bool insists = insistsOnConflicts(GTK_WINDOW(dialog.get()), conflicts);
-    if (isGone() || !insists) return false;
-  }
-  handOver(*settings);
-  panel_->remember(*settings);
-  return true;
-}
-
-void PrintDialogHost::handOver(const JobTicket::Options& settings) const {
-  if (!options_) {
-    JobHandover::give(gtk_print_unix_dialog_get_selected_printer(dialog_), panelOptions(settings));
-    return;
-  }
-  for (const char* key : kPanelKeys) {
-    const auto saved = settings.find(key);
-    if (saved != settings.end()) {
-      options_.store(dialogName(key), saved->second);
-    } else {
-      options_.remove(dialogName(key));
-    }
-  }
-}
-
-void PrintDialogHost::bringToFront() {
-  GtkWidget* tabs = gtk_widget_get_ancestor(page_.content(), GTK_TYPE_NOTEBOOK);
-  if (tabs == nullptr) return;
-  auto* notebook = GTK_NOTEBOOK(tabs);
-  gtk_notebook_set_current_page(notebook, gtk_notebook_page_num(notebook, page_.content()));
 }
 
 }  // namespace publishing

@@ -3,24 +3,24 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <gtk/gtkunixprint.h>
 
+#include "shells/DialogHost.h"
 #include "shells/HostRules.h"
+#include "shells/ToolkitDialog.h"
+#include "shells/gtk/dialog/DialogOptionSet.h"
 #include "shells/gtk/dialog/DialogPage.h"
-#include "shells/gtk/dialog/HostedPanel.h"
 #include "shells/gtk/dialog/PrinterFetch.h"
-#include "shells/gtk/dialog/PrinterOptionSet.h"
 
 namespace publishing {
 
-// Drives the panel in a tab of a GTK print dialog: follows the selected printer and the dialog's
-// own tabs, keeps the dialog open when the user presses Print on a bad page list or on conflicting
-// choices, and puts what the panel saved among the options of the job. Belongs to the dialog and
-// goes with it.
+// GTK's print dialog with the panel in a tab: hands its events to the host of the panel and does
+// what the host wants of it. Belongs to the dialog and goes with it.
 //
 // The panel asks not to be listed. It is shown all the same unless HostRules says otherwise.
-class PrintDialogHost {
+class PrintDialogHost final : private ToolkitDialog {
  public:
   // Adds the tab to a dialog that has not selected a printer yet; must come before the program
   // connects to its "response", best while it is constructed. False, with nothing done, when the
@@ -32,11 +32,11 @@ class PrintDialogHost {
   static PrintDialogHost* of(GtkPrintUnixDialog* dialog);
 
   // Whether the tab has the panel, in place of a message that says why it does not.
-  [[nodiscard]] bool hasPanel() const { return panel_ != nullptr; }
+  [[nodiscard]] bool hasPanel() const { return host_.hasPanel(); }
 
   PrintDialogHost(const PrintDialogHost&) = delete;
   PrintDialogHost& operator=(const PrintDialogHost&) = delete;
-  ~PrintDialogHost();
+  ~PrintDialogHost() override;
 
  private:
   PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules);
@@ -44,33 +44,32 @@ class PrintDialogHost {
   static void detach(GtkPrintUnixDialog* dialog);
   void connect();
   void followPrinter();
-  void showPrinter(std::unique_ptr<Printer> printer, const std::string& problem);
-  // Makes the panel's view if there is none yet; false when there cannot be one.
-  bool openPanel();
-  void showMessage(const std::string& text, bool waiting = false);
-
-  // Brings the panel and the dialog's own tabs in step, the user's last choice winning.
-  void refresh();
   void refreshSoon();
-  // Shows the panel's media in the dialog's own tabs.
-  void giveMedia();
-  void giveStoredMedia();
-  void panelChanged();
-  void showHelp();
 
-  // Whether the job may be printed as it is.
-  bool mayPrint();
-  void handOver(const JobTicket::Options& settings) const;
-  void bringToFront();
+  [[nodiscard]] std::optional<Selection> selection() const override;
+  [[nodiscard]] DialogJob job() const override;
+  bool showChoice(const std::string& option, const std::string& choice, bool byUser) override;
+  void handOver(const JobTicket::Options& options) override;
+  void openPrinter(const std::string& queue, Opened opened, std::function<void()> late) override;
+  void stopOpening() override { fetch_.reset(); }
+  [[nodiscard]] std::shared_ptr<HostBundle> makeBundle() override;
+  void showMessage(const std::string& text, Waiting waiting) override;
+  void offerPanel(const std::string& name) override { page_.offerPanel(name); }
+  void showPanel(View& view) override;
+  void setSummary(const std::string& text) override { page_.setSummary(text); }
+  [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
+  void bringTabToFront() override;
+  bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
+  void sayHelpIsMissing() override;
 
   GtkPrintUnixDialog* dialog_;
   HostRules rules_;
   DialogPage page_;
-  PrinterOptionSet options_;
+  DialogOptionSet options_;
   SignalHandlers optionHandlers_;
   std::unique_ptr<PrinterFetch> fetch_;
-  std::unique_ptr<HostedPanel> panel_;
   guint refreshSource_ = 0;
+  DialogHost host_;
   SignalHandlers handlers_;
 };
 

@@ -45,7 +45,7 @@ class ShellConformance : public testing::TestWithParam<Shell> {
   // Loads the description; must be called once before the gestures below.
   void load() { ASSERT_TRUE(bundle().loadInterface("Publishing", owner_)); }
 
-  [[nodiscard]] Bundle& bundle() { return *stage_->bundle(); }
+  [[nodiscard]] HostBundle& bundle() { return *stage_->bundle(); }
   [[nodiscard]] PanelStage& user() { return *stage_; }
   [[nodiscard]] ControlsOwner& owner() { return owner_; }
   [[nodiscard]] const std::vector<Alert>& alerts() const { return alerts_; }

@@ -4,20 +4,16 @@
 #include <map>
 #include <string>
 
-#include <gtk/gtkunixprint.h>
-
 #include "printing/JobTicket.h"
 
 namespace publishing {
 
-// What a print dialog's own tabs say of the job at this moment, as far as the panel asks for it.
+// What a print dialog's own tabs say of the job at one moment, as far as the panel asks for it.
 struct DialogJob {
   Sides sides = Sides::OneSided;
   int numberUp = 1;
   bool reverse = false;
   std::map<std::string, std::string> options;  // choice keywords by PPD option
-
-  static DialogJob of(GtkPrintUnixDialog* dialog);
 };
 
 }  // namespace publishing

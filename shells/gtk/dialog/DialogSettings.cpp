@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "shells/gtk/dialog/DialogJob.h"
+#include "shells/gtk/dialog/DialogSettings.h"
 
 #include <string_view>
 
@@ -32,7 +32,7 @@ void addOption(const gchar* key, const gchar* value, gpointer job) {
 
 }  // namespace
 
-DialogJob DialogJob::of(GtkPrintUnixDialog* dialog) {
+DialogJob jobOf(GtkPrintUnixDialog* dialog) {
   const GObjectPtr<GtkPrintSettings> settings(gtk_print_unix_dialog_get_settings(dialog));
   DialogJob job;
   job.sides = sidesOf(settings.get());

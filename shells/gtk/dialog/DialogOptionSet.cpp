@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "shells/gtk/dialog/PrinterOptionSet.h"
+#include "shells/gtk/dialog/DialogOptionSet.h"
 
 #include <memory>
 
@@ -63,12 +63,12 @@ void constructed(GObject* set) {
 
 }  // namespace
 
-bool PrinterOptionSet::watch() {
+bool DialogOptionSet::watch() {
   static const bool hooked = hook();
   return hooked;
 }
 
-bool PrinterOptionSet::hook() {
+bool DialogOptionSet::hook() {
   if (!functions().complete) return false;
   auto* type = G_OBJECT_CLASS(g_type_class_ref(functions().getType()));  // kept for good
   constructedBefore = type->constructed;
@@ -76,11 +76,11 @@ bool PrinterOptionSet::hook() {
   return true;
 }
 
-PrinterOptionSet PrinterOptionSet::newest() {
-  return newestSet != nullptr ? PrinterOptionSet(G_OBJECT(newestSet)) : PrinterOptionSet();
+DialogOptionSet DialogOptionSet::newest() {
+  return newestSet != nullptr ? DialogOptionSet(G_OBJECT(newestSet)) : DialogOptionSet();
 }
 
-std::optional<std::string> PrinterOptionSet::value(const std::string& name) const {
+std::optional<std::string> DialogOptionSet::value(const std::string& name) const {
   gpointer option = set_ != nullptr ? functions().lookup(set_.get(), name.c_str()) : nullptr;
   if (option == nullptr) return std::nullopt;
   gchar* value = nullptr;
@@ -89,14 +89,14 @@ std::optional<std::string> PrinterOptionSet::value(const std::string& name) cons
   return value != nullptr ? value : "";
 }
 
-bool PrinterOptionSet::set(const std::string& name, const std::string& value) const {
+bool DialogOptionSet::set(const std::string& name, const std::string& value) const {
   gpointer option = set_ != nullptr ? functions().lookup(set_.get(), name.c_str()) : nullptr;
   if (option == nullptr) return false;
   functions().setValue(option, value.c_str());
   return true;
 }
 
-void PrinterOptionSet::store(const std::string& name, const std::string& value) const {
+void DialogOptionSet::store(const std::string& name, const std::string& value) const {
   if (set_ == nullptr || set(name, value)) return;
   const GObjectPtr<GObject> option(
       G_OBJECT(functions().newOption(name.c_str(), name.c_str(), kStringOption)));
@@ -104,7 +104,7 @@ void PrinterOptionSet::store(const std::string& name, const std::string& value) 
   functions().add(set_.get(), option.get());
 }
 
-void PrinterOptionSet::remove(const std::string& name) const {
+void DialogOptionSet::remove(const std::string& name) const {
   gpointer option = set_ != nullptr ? functions().lookup(set_.get(), name.c_str()) : nullptr;
   if (option != nullptr) functions().remove(set_.get(), option);
 }

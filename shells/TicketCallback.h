@@ -9,10 +9,11 @@
 
 namespace publishing {
 
-// The panel's host as far as the panel sees it: one printer and one job ticket, both the caller's.
-class PrintHost final : public PDEPluginCallback {
+// The callback object of a panel whose job is a ticket: one printer and one job ticket, both the
+// caller's.
+class TicketCallback final : public PDEPluginCallback {
  public:
-  PrintHost(Printer& printer, JobTicket& ticket) : printer_(printer), ticket_(ticket) {}
+  TicketCallback(Printer& printer, JobTicket& ticket) : printer_(printer), ticket_(ticket) {}
 
   [[nodiscard]] PrintSettings& printSettings() override { return ticket_; }
   [[nodiscard]] ppd_file_t* ppdFile() override { return printer_.ppdFile(); }

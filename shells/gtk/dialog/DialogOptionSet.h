@@ -14,7 +14,7 @@ namespace publishing {
 // PPD knows is shown in the dialog's own tabs.
 //
 // GTK exports the functions but does not declare them, so they are looked up by name.
-class PrinterOptionSet {
+class DialogOptionSet {
  public:
   // Remembers each option set that a dialog makes from now on. Hooks the type for the life of the
   // process; more than one call does no more. False when this GTK lacks one of the functions: every
@@ -22,10 +22,10 @@ class PrinterOptionSet {
   static bool watch();
 
   // The set made last. A dialog has just made its own when it reports another selected printer.
-  static PrinterOptionSet newest();
+  static DialogOptionSet newest();
 
   // No set: nothing can be stored.
-  PrinterOptionSet() = default;
+  DialogOptionSet() = default;
 
   [[nodiscard]] explicit operator bool() const { return set_ != nullptr; }
 
@@ -45,7 +45,7 @@ class PrinterOptionSet {
 
  private:
   static bool hook();
-  explicit PrinterOptionSet(GObject* set) : set_(shareGObject(set)) {}
+  explicit DialogOptionSet(GObject* set) : set_(shareGObject(set)) {}
 
   GObjectPtr<GObject> set_;
 };

@@ -4,17 +4,19 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "Publishing/PublishingFeatures.h"
 #include "Publishing/PublishingPDEPlugin.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
-#include "shells/PrintHost.h"
-#include "shells/gtk/GtkBundle.h"
-#include "shells/gtk/SignalHandlers.h"
-#include "shells/gtk/dialog/DialogJob.h"
+#include "shells/DialogJob.h"
+#include "shells/HostBundle.h"
+#include "shells/PanelControls.h"
+#include "shells/TicketCallback.h"
 
 namespace publishing {
 
@@ -22,11 +24,10 @@ namespace publishing {
 // printer gets another one.
 class HostedPanel {
  public:
-  // `job` is what the dialog says of a job that the user has not touched yet, `dataFolder` holds
-  // the help book; `changed` is called after the user switched a feature or the kind of cover, or
-  // picked a medium.
-  HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job, const std::string& dataFolder,
-              std::function<void()> changed);
+  // `job` is what the dialog says of a job that the user has not touched yet; `changed` is called
+  // after each gesture of the user in the panel.
+  HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
+              std::shared_ptr<HostBundle> bundle, std::function<void()> changed);
   HostedPanel(const HostedPanel&) = delete;
   HostedPanel& operator=(const HostedPanel&) = delete;
 
@@ -38,12 +39,12 @@ class HostedPanel {
 
   // Whether the queue's stored settings or a medium that the user chose in the dialog's own tabs
   // make a difference to the job already. `job` is what the dialog says now.
-  [[nodiscard]] bool matters(const DialogJob& job) const;
+  [[nodiscard]] bool affectsJob(const DialogJob& job) const;
 
   // Makes the panel's view, in which the stored settings of the queue are shown, and gives it; null
   // when there is none. To be called once, before all that follows. Making it takes a few
   // milliseconds, which a dialog whose user never looks at the tab need not spend.
-  GtkWidget* open(const DialogJob& job);
+  View* open(const DialogJob& job);
 
   [[nodiscard]] bool isOpen() const { return isOpen_; }
 
@@ -83,35 +84,22 @@ class HostedPanel {
   bool showHelp() { return !panel_->shouldShowHelp(); }
 
  private:
-  // A feature of the panel, by its controls and its medium's PPD option.
-  struct Feature {
-    const char* option;
-    const char* checkBox;
-    const char* popUp;
-    void (PublishingPDE::*switched)(CheckBox& sender);
-  };
-  static const Feature kFeatures[2];
-
   void loadStored();
   void takeJob(const DialogJob& job);
-  void watchControls();
   void dropStoredIndexes();
-  [[nodiscard]] GtkInterface& interface() const { return *bundle_->interface(); }
-  [[nodiscard]] bool isOn(const Feature& feature) const;
-  [[nodiscard]] std::string mediumOf(const Feature& feature) const;
-  void pick(const Feature& feature, const std::string& medium);
+  [[nodiscard]] bool isOn(const PublishingFeature& feature) const;
+  [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
+  void pick(const PublishingFeature& feature, const std::string& medium);
 
   std::unique_ptr<Printer> printer_;
   JobTicket ticket_;
-  std::shared_ptr<GtkBundle> bundle_;
-  std::shared_ptr<PrintHost> host_;
+  std::shared_ptr<HostBundle> bundle_;
   PublishingPDEPlugin plugin_;
   std::shared_ptr<PublishingPDE> panel_;
+  PanelControls controls_;
   std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
   std::map<std::string, bool> wasOn_;               // by PPD option
   bool isOpen_ = false;
-  std::function<void()> changed_;
-  SignalHandlers handlers_;
 };
 
 }  // namespace publishing

@@ -1,34 +1,39 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "shells/gtk/dialog/HostedPanel.h"
+#include "shells/HostedPanel.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-#include "Publishing/PublishingKeys.h"
+#include <glib.h>
+
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/StoredSettings.h"
+#include "shells/PanelReasons.h"
 #include "shells/PanelSummary.h"
-#include "shells/gtk/Guarded.h"
-#include "shells/gtk/dialog/PanelReasons.h"
 
 namespace publishing {
+namespace {
 
-const HostedPanel::Feature HostedPanel::kFeatures[2] = {
-    {cCoverMediaType, "CmCheckBox", "CmMediaType", &PublishingPDE::changeCmEnableState},
-    {cPageMediaType, "PiCheckBox", "PiMediaType", &PublishingPDE::changePiEnableState}};
+std::shared_ptr<PublishingPDE> panelOf(PublishingPDEPlugin& plugin,
+                                       const std::shared_ptr<HostBundle>& bundle,
+                                       std::shared_ptr<PDEPluginCallback> callback) {
+  plugin.initWithBundle(bundle);
+  return plugin.PDEPanelsForType(kPrinterModulePanelType, std::move(callback))->front();
+}
+
+}  // namespace
 
 HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
-                         const std::string& dataFolder, std::function<void()> changed)
+                         std::shared_ptr<HostBundle> bundle, std::function<void()> changed)
     : printer_(std::move(printer)),
       ticket_(printer_->newTicket()),
-      bundle_(std::make_shared<GtkBundle>(dataFolder)),
-      host_(std::make_shared<PrintHost>(*printer_, ticket_)),
-      changed_(std::move(changed)) {
-  plugin_.initWithBundle(bundle_);
-  panel_ = plugin_.PDEPanelsForType(kPrinterModulePanelType, host_)->front();
-  for (const Feature& feature : kFeatures) {
+      bundle_(std::move(bundle)),
+      panel_(panelOf(plugin_, bundle_, std::make_shared<TicketCallback>(*printer_, ticket_))),
+      controls_(*panel_) {
+  bundle_->setUserChanged(std::move(changed));
+  for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = job.options.find(feature.option);
     if (chosen != job.options.end()) dialogMedia_[feature.option] = chosen->second;
   }
@@ -43,11 +48,9 @@ void HostedPanel::loadStored() {
     ticket_.setValue(key, value);
 }
 
-bool HostedPanel::matters(const DialogJob& job) const {
-  if (ticket_.getValue(kCoverModeState) == "On" || ticket_.getValue(kPageinsertState) == "On") {
-    return true;
-  }
-  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const Feature& feature) {
+bool HostedPanel::affectsJob(const DialogJob& job) const {
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
+    if (ticket_.getValue(feature.stateKey) == kStoredOn) return true;
     const auto now = job.options.find(feature.option);
     const auto before = dialogMedia_.find(feature.option);
     return now != job.options.end() &&
@@ -56,24 +59,25 @@ bool HostedPanel::matters(const DialogJob& job) const {
 }
 
 bool HostedPanel::suits(const Printer& printer) {
-  return printer.ppd() != nullptr && !printer.ppd()->choices(cCoverMediaType).empty() &&
-         !printer.ppd()->choices(cPageMediaType).empty();
+  return printer.ppd() != nullptr &&
+         std::all_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
+           return !printer.ppd()->choices(feature.option).empty();
+         });
 }
 
-GtkWidget* HostedPanel::open(const DialogJob& job) {
+View* HostedPanel::open(const DialogJob& job) {
   isOpen_ = true;
   // Media that the user chose meanwhile are for takeMedia().
   DialogJob untouched = job;
   for (const auto& [option, choice] : dialogMedia_)
     untouched.options[option] = choice;
   takeJob(untouched);
-  const auto* view = dynamic_cast<GtkView*>(panel_->panelView());
+  View* view = panel_->panelView();
   if (view == nullptr) return nullptr;
   panel_->restoreValuesAndReturnError();
   panel_->willShow();
   dropStoredIndexes();
-  watchControls();
-  return view->widget();
+  return view;
 }
 
 // The panel picks the stored items anew at each refresh. From here on the controls are right, and
@@ -81,24 +85,6 @@ GtkWidget* HostedPanel::open(const DialogJob& job) {
 void HostedPanel::dropStoredIndexes() {
   for (const char* key : {kCmIndex, kPiIndex, kPageinsertValue})
     ticket_.setValue(key, std::nullopt);
-}
-
-void HostedPanel::watchControls() {
-  const auto tell = [](GtkWidget*, gpointer self) {
-    guarded([&] { static_cast<HostedPanel*>(self)->changed_(); });
-  };
-  const auto watch = [&](GtkWidget* widget, const char* signal) {
-    handlers_.connect(widget, signal, G_CALLBACK(+tell), this, G_CONNECT_AFTER);
-  };
-  for (const Feature& feature : kFeatures) {
-    watch(interface().checkBox(feature.checkBox)->widget(), "toggled");
-    watch(interface().popUpButton(feature.popUp)->widget(), "changed");
-  }
-  GList* cells = gtk_container_get_children(
-      GTK_CONTAINER(interface().radioMatrix("CmFrontandBackMatrix")->widget()));
-  for (const GList* cell = cells; cell != nullptr; cell = cell->next)
-    watch(GTK_WIDGET(cell->data), "clicked");
-  g_list_free(cells);
 }
 
 void HostedPanel::takeJob(const DialogJob& job) {
@@ -111,38 +97,33 @@ void HostedPanel::takeJob(const DialogJob& job) {
 }
 
 void HostedPanel::follow(const DialogJob& job) {
-  const SignalHandlers::Block block(handlers_);
   takeJob(job);
   panel_->willShow();
 }
 
-bool HostedPanel::isOn(const Feature& feature) const {
-  return interface().checkBox(feature.checkBox)->state() == 1;
+bool HostedPanel::isOn(const PublishingFeature& feature) const {
+  return controls_.checkBox(feature.checkBox).state() == 1;
 }
 
-std::string HostedPanel::mediumOf(const Feature& feature) const {
+std::string HostedPanel::mediumOf(const PublishingFeature& feature) const {
   const auto choices = printer_->ppd()->choices(feature.option);
-  const std::int64_t index = interface().popUpButton(feature.popUp)->indexOfSelectedItem();
-  return choices.at(static_cast<std::size_t>(index < 0 ? 0 : index)).choice;
+  const std::int64_t index = controls_.popUp(feature.popUp).indexOfSelectedItem();
+  return choices.at(static_cast<std::size_t>(std::max<std::int64_t>(index, 0))).choice;
 }
 
-void HostedPanel::pick(const Feature& feature, const std::string& medium) {
-  const SignalHandlers::Block block(handlers_);
-  CheckBox& box = *interface().checkBox(feature.checkBox);
+void HostedPanel::pick(const PublishingFeature& feature, const std::string& medium) {
+  CheckBox& box = controls_.checkBox(feature.checkBox);
   if (!box.isEnabled()) return;
-  if (box.state() != 1) {
-    box.setState(1);
-    ((*panel_).*feature.switched)(box);
-  }
+  if (box.state() != 1) controls_.switchTo(box, true, feature.action);
   const auto choices = printer_->ppd()->choices(feature.option);
   for (std::size_t index = 0; index < choices.size(); ++index) {
     if (choices[index].choice != medium) continue;
-    interface().popUpButton(feature.popUp)->selectItemAtIndex(static_cast<std::int64_t>(index));
+    controls_.popUp(feature.popUp).selectItemAtIndex(static_cast<std::int64_t>(index));
   }
 }
 
 void HostedPanel::takeMedia(const DialogJob& job) {
-  for (const Feature& feature : kFeatures) {
+  for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = job.options.find(feature.option);
     if (chosen == job.options.end()) continue;
     std::string& last = dialogMedia_[feature.option];
@@ -154,7 +135,7 @@ void HostedPanel::takeMedia(const DialogJob& job) {
 
 std::map<std::string, std::string> HostedPanel::media() {
   std::map<std::string, std::string> media;
-  for (const Feature& feature : kFeatures) {
+  for (const PublishingFeature& feature : kFeatures) {
     bool& wasOn = wasOn_[feature.option];
     wasOn = wasOn || isOn(feature);
     if (!wasOn) continue;
@@ -188,7 +169,7 @@ std::string HostedPanel::summary() const {
 }
 
 void HostedPanel::showReasons() {
-  publishing::showReasons(interface(), *panel_, *printer_, ticket_);
+  publishing::showReasons(*bundle_, controls_, *panel_, *printer_, ticket_);
 }
 
 }  // namespace publishing

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/DialogHost.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include <glib.h>
+
+#include "base/Translation.h"
+
+namespace publishing {
+namespace {
+
+// Those of a job's settings that come from the panel, media included.
+JobTicket::Options panelOptions(const JobTicket::Options& settings) {
+  JobTicket::Options options;
+  const auto take = [&](const char* key) {
+    const auto saved = settings.find(key);
+    if (saved != settings.end()) options.insert(*saved);
+  };
+  for (const char* key : kPanelKeys)
+    take(key);
+  for (const PublishingFeature& feature : kFeatures)
+    take(feature.option);
+  return options;
+}
+
+}  // namespace
+
+void DialogHost::leavePanel(const std::string& message, ToolkitDialog::Waiting waiting) {
+  dialog_.showMessage(message, waiting);
+  panel_.reset();
+}
+
+void DialogHost::followPrinter() {
+  using Waiting = ToolkitDialog::Waiting;
+  dialog_.stopOpening();
+  const auto selection = dialog_.selection();
+  if (!selection) {
+    leavePanel(translated("Choose a printer to see its covers and inserts."), Waiting::NoPanel);
+    return;
+  }
+  if (selection->isFile) {
+    leavePanel(
+        translated(
+            "Covers and inserts need a printer; they are not available when you print to a file."),
+        Waiting::NoPanel);
+    return;
+  }
+  const std::string name = selection->printer;
+  leavePanel(translated("Asking the printer %s about covers and inserts…", name), Waiting::Asking);
+  dialog_.openPrinter(
+      name,
+      [this](std::unique_ptr<Printer> opened, const std::string& problem) {
+        showPrinter(std::move(opened), problem);
+      },
+      [this, name] {
+        leavePanel(
+            translated("The printer %s is not responding. You can choose covers and inserts once "
+                       "it does; other printers are listed on the “General” tab.",
+                       name),
+            Waiting::Late);
+      });
+}
+
+void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string& problem) {
+  if (printer == nullptr) {
+    leavePanel(problem, ToolkitDialog::Waiting::NoPanel);
+    return;
+  }
+  if (!HostedPanel::suits(*printer)) {
+    leavePanel(translated("The printer %s does not offer covers and inserts. They need a Zephrel "
+                          "PostScript printer with its own driver.",
+                          printer->name()),
+               ToolkitDialog::Waiting::NoPanel);
+    return;
+  }
+  for (const std::string& warning : printer->warnings())
+    g_message("%s", warning.c_str());
+  const DialogJob job = dialog_.job();
+  // A panel that is still asking something may outlast the host.
+  const auto changed = [this, life = std::weak_ptr(life_)] {
+    if (!life.expired()) panelChanged();
+  };
+  panel_ = std::make_shared<HostedPanel>(std::move(printer), job, dialog_.makeBundle(), changed);
+  dialog_.offerPanel(panel_->name());
+  if (dialog_.isTabInFront() || panel_->affectsJob(job)) openPanel();
+}
+
+bool DialogHost::openPanel() {
+  if (panel_->isOpen()) return true;
+  View* view = panel_->open(dialog_.job());
+  if (view == nullptr) {
+    leavePanel(translated("The panel cannot be shown because it is not completely installed."),
+               ToolkitDialog::Waiting::NoPanel);
+    return false;
+  }
+  dialog_.showPanel(*view);
+  giveMedia(false);
+  panelChanged();
+  return true;
+}
+
+void DialogHost::refresh() {
+  if (panel_ == nullptr) return;
+  const DialogJob job = dialog_.job();
+  const bool isNeeded = dialog_.isTabInFront() || panel_->affectsJob(job);
+  if (!panel_->isOpen() && (!isNeeded || !openPanel())) return;
+  panel_->follow(job);
+  panel_->takeMedia(job);
+  panelChanged();
+}
+
+void DialogHost::giveMedia(bool byUser) {
+  for (const auto& [option, choice] : panel_->media()) {
+    if (dialog_.showChoice(option, choice, byUser)) panel_->dialogShows(option, choice);
+  }
+}
+
+void DialogHost::panelChanged() {
+  if (panel_ == nullptr) return;
+  giveMedia(true);
+  panel_->showReasons();
+  dialog_.setSummary(panel_->summary());
+}
+
+void DialogHost::showHelp() {
+  if (panel_ != nullptr && !panel_->showHelp()) dialog_.sayHelpIsMissing();
+}
+
+bool DialogHost::mayPrint() {
+  if (panel_ == nullptr) return true;
+  if (!openPanel()) return true;
+  refresh();
+  // The alert and the question below run a main loop of their own, in which the program may destroy
+  // the dialog, or another printer may be selected.
+  const auto panel = panel_;
+  const std::weak_ptr<const bool> life = life_;
+  const auto isOver = [&] { return life.expired() || panel_ != panel; };
+
+  const auto settings = panel->save();
+  if (isOver()) return false;
+  if (!settings) {
+    dialog_.bringTabToFront();
+    return false;
+  }
+  const auto conflicts = panel->conflicts();
+  if (!conflicts.empty()) {
+    const bool insists = dialog_.insistsOnConflicts(conflicts);
+    if (isOver() || !insists) return false;
+  }
+  dialog_.handOver(panelOptions(*settings));
+  panel->remember(*settings);
+  return true;
+}
+
+}  // namespace publishing

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "shells/HostedPanel.h"
+#include "shells/ToolkitDialog.h"
+
+namespace publishing {
+
+// Drives the panel in a tab of a print dialog, whatever the toolkit: follows the selected printer
+// and the dialog's own tabs, keeps the dialog open when the user presses Print on a bad page list
+// or on conflicting choices, and puts what the panel saved among the options of the job.
+//
+// Everything runs on the dialog's thread. The dialog may be destroyed, and its host with it, while
+// one of the modal questions is open.
+class DialogHost {
+ public:
+  // `dialog` must outlive the host.
+  explicit DialogHost(ToolkitDialog& dialog) : dialog_(dialog) {}
+  DialogHost(const DialogHost&) = delete;
+  DialogHost& operator=(const DialogHost&) = delete;
+
+  // To be called when another printer was selected, and once at first.
+  void followPrinter();
+
+  // Brings the panel and the dialog's own tabs in step, the user's last choice winning. To be
+  // called when the dialog's own tabs changed and when the panel's tab comes to the front.
+  void refresh();
+
+  // Whether the job may be printed as it is; if so, its options were handed over. To be called when
+  // the user presses Print.
+  [[nodiscard]] bool mayPrint();
+
+  void showHelp();
+
+  // Whether the tab has the panel, in place of a message that says why it does not.
+  [[nodiscard]] bool hasPanel() const { return panel_ != nullptr; }
+
+ private:
+  void showPrinter(std::unique_ptr<Printer> printer, const std::string& problem);
+  void leavePanel(const std::string& message, ToolkitDialog::Waiting waiting);
+  // Makes the panel's view if there is none yet; false when there cannot be one.
+  bool openPanel();
+  // Shows the panel's media in the dialog's own tabs.
+  void giveMedia(bool byUser);
+  void panelChanged();
+
+  ToolkitDialog& dialog_;
+  // Shared with whoever waits for an alert of the panel, which may outlast the host.
+  std::shared_ptr<HostedPanel> panel_;
+  std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);
+};
+
+}  // namespace publishing

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/PanelReasons.h"
+
+#include "Publishing/PublishingFeatures.h"
+#include "base/Translation.h"
+#include "shells/MediaReason.h"
+
+namespace publishing {
+namespace {
+
+constexpr const char* kNeedsCovers = N_("Needs covers: tick “Add covers to the document”.");
+constexpr const char* kNeedsSheets = N_("Needs sheets: tick “Add sheets between the pages”.");
+constexpr const char* kNeedsTwoSided = N_("Needs two-sided printing: see the “Page Setup” tab.");
+constexpr const char* kNeedsBackCover = N_("Needs a back cover: choose “Front and back covers”.");
+constexpr const char* kNeedsOrder =
+    N_("Needs the pages in order: switch off “Reverse” on the “General” tab.");
+constexpr const char* kNeedsSinglePages =
+    N_("Needs one page per side: see “Pages per side” on the “Page Setup” tab.");
+
+// What the job lacks for covers and inserts; empty when it lacks nothing.
+std::string reasonAgainstFeatures(const JobTicket& job) {
+  if (job.getValue(kOutputOrder) == "Reverse") return translated(kNeedsOrder);
+  if (job.getValue(kNup) == "1") return translated(kNeedsSinglePages);
+  return {};
+}
+
+// One line for each greyed item: "Tray 2: conflicts with Media Type: Transparency".
+std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
+                           const Printer& printer, const char* option) {
+  std::string lines;
+  for (std::int64_t index = 0; index < popUp.numberOfItems(); ++index) {
+    const std::string reason = reasonAgainstMedia(panel, printer, option, index);
+    if (popUp.isItemEnabledAtIndex(index) || reason.empty()) continue;
+    lines += (lines.empty() ? "" : "\n") + popUp.itemTitleAtIndex(index) + ": " + reason;
+  }
+  return lines;
+}
+
+}  // namespace
+
+void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
+                 const Printer& printer, const JobTicket& job) {
+  const std::string against = reasonAgainstFeatures(job);
+  const auto needs = [&against](bool featureOn, const char* feature, const char* otherwise) {
+    return !against.empty() ? against : translated(featureOn ? otherwise : feature);
+  };
+  const auto explain = [&bundle](const char* name, const Control& control,
+                                 const std::string& ifDisabled) {
+    bundle.setTooltip(name, control.isEnabled() ? std::string() : ifDisabled);
+  };
+  const auto explainBox = [&](const char* name, const std::string& ifDisabled) {
+    explain(name, controls.checkBox(name), ifDisabled);
+  };
+  const auto explainMedia = [&](const PublishingFeature& feature, const std::string& ifDisabled) {
+    const PopUpButton& popUp = controls.popUp(feature.popUp);
+    bundle.setTooltip(feature.popUp, popUp.isEnabled()
+                                         ? reasonsOfItems(popUp, panel, printer, feature.option)
+                                         : ifDisabled);
+  };
+  const bool covers = panel.state().covermodeEnableState == 1;
+  const bool sheets = panel.state().pageinsertEnableState == 1;
+  const RadioMatrix& kinds = controls.radioMatrix(outlet::CmFrontandBackMatrix);
+  const bool backCover = kinds.selectedColumn() == 1;
+
+  explainBox(outlet::CmCheckBox, against);
+  explain(outlet::CmFrontandBackMatrix, kinds, needs(covers, kNeedsCovers, ""));
+  explainMedia(kCoverMode, needs(covers, kNeedsCovers, ""));
+  explainBox(outlet::CmFrontOutside, needs(covers, kNeedsCovers, ""));
+  explainBox(outlet::CmFrontInside, needs(covers, kNeedsCovers, kNeedsTwoSided));
+  explainBox(outlet::CmBackOutside,
+             needs(covers, kNeedsCovers, backCover ? kNeedsTwoSided : kNeedsBackCover));
+  explainBox(outlet::CmBackInside, needs(covers, kNeedsCovers, kNeedsBackCover));
+
+  explainBox(outlet::PiCheckBox, against);
+  explain(outlet::PiPageNum, controls.textField(outlet::PiPageNum),
+          needs(sheets, kNeedsSheets, ""));
+  explainMedia(kPageInsert, needs(sheets, kNeedsSheets, ""));
+  explainBox(outlet::PiPrintOnFront, needs(sheets, kNeedsSheets, ""));
+  explainBox(outlet::PiPrintOnBack, needs(sheets, kNeedsSheets, kNeedsTwoSided));
+}
+
+}  // namespace publishing

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+// What a host hears of the user.
+#include "tests/shells/conformance/Conformance.h"
+
+namespace publishing {
+
+using testing::Each;
+using testing::SizeIs;
+
+TEST_P(ShellConformance, HostHearsOfEachGestureAfterThePanel) {
+  std::vector<std::size_t> actionsBefore;
+  bundle().setUserChanged([&] { actionsBefore.push_back(owner().sent.size()); });
+  load();
+  popUp("PiMediaType").addItemsWithTitles({"Plain", "Thick"});
+  user().click("CmFrontOutside");
+  EXPECT_THAT(actionsBefore, SizeIs(1));
+  user().choose("PiMediaType", 1);
+  EXPECT_THAT(actionsBefore, SizeIs(2));
+  user().type("5");
+  EXPECT_GE(actionsBefore.size(), 3U);
+  EXPECT_THAT(actionsBefore, Each(0U));
+
+  actionsBefore.clear();
+  user().click("PiCheckBox");
+  user().clickRadioCell(1);
+  user().clickRadioCell(1);
+  EXPECT_THAT(actionsBefore, testing::ElementsAre(1, 2, 3));
+}
+
+TEST_P(ShellConformance, HostHearsNothingOfChangesFromCode) {
+  int changes = 0;
+  bundle().setUserChanged([&] { ++changes; });
+  load();
+  box("CmFrontOutside").setState(1);
+  matrix().setAllowsEmptySelection(true);
+  matrix().selectCellAtRow(0, 1);
+  matrix().deselectAllCells();
+  PopUpButton& media = popUp("CmMediaType");
+  media.addItemsWithTitles({"Plain", "Thick"});
+  media.selectItemAtIndex(1);
+  media.setItemEnabledAtIndex(1, false);
+  media.removeAllItems();
+  pageField().setStringValue("5");
+  box("CmFrontOutside").setEnabled(false);
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_P(ShellConformance, HostHearsNothingOfGesturesThatDoNothing) {
+  int changes = 0;
+  bundle().setUserChanged([&] { ++changes; });
+  load();
+  popUp("CmMediaType").addItemsWithTitles({"Plain", "Thick"});
+  popUp("CmMediaType").setItemEnabledAtIndex(1, false);
+  user().choose("CmMediaType", 1);
+  for (const char* name : {"CmCheckBox", "CmFrontOutside"}) {
+    box(name).setEnabled(false);
+    user().click(name);
+  }
+  matrix().setEnabled(false);
+  user().clickRadioCell(0);
+  pageField().setEnabled(false);
+  user().type("5");
+  EXPECT_EQ(changes, 0);
+}
+
+}  // namespace publishing
