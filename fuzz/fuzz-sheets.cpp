@@ -115,7 +115,7 @@ void checkPicture(const SheetOrder& order, int pages, const std::string& words) 
   }
   require(next == plan.sheets.size(), "the picture misses the last sheet");
   require(!writePictureSVG(picture, words).empty(), "no picture");
-  if (pages % 16 == 0) schemeOf(order, options);
+  if (pages % 32 == 0) schemeOf(order, options);
 }
 
 }  // namespace
@@ -131,6 +131,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const char* broken = brokenPromise(order, pages);
   require(broken == nullptr, broken == nullptr ? "" : broken);
   checkPlan(order, pages);
-  checkPicture(order, pages, std::string(list.substr(0, 60)));
+  // A picture takes much longer than a plan.
+  if (pages % 8 == 0) checkPicture(order, pages, std::string(list.substr(0, 60)));
   return 0;
 }
