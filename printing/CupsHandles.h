@@ -16,7 +16,7 @@ struct CupsDeleter {
   void operator()(ipp_t* message) const noexcept { ippDelete(message); }
   void operator()(cups_dest_t* destination) const noexcept { cupsFreeDests(1, destination); }
   void operator()(cups_dinfo_t* info) const noexcept { cupsFreeDestInfo(info); }
-  void operator()(ppd_file_t* ppd) const noexcept;  // with the other PPD calls, in PPDDocument.cpp
+  void operator()(ppd_file_t* ppd) const noexcept;  // with the other PPD calls, in printing/ppd
 };
 
 using HttpHandle = std::unique_ptr<http_t, CupsDeleter>;

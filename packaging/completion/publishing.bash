@@ -20,9 +20,10 @@ _publishing_options() {
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
     settings) echo show clear -d --printer --json --help ;;
+    printer) echo enable disable status -d --printer --all --ppd --output --json --help ;;
     extension) echo enable disable status --system --json --help ;;
     dialog) echo --help ;;
-    *) echo print media pages settings extension dialog --version --help ;;
+    *) echo print media pages settings printer extension dialog --version --help ;;
   esac
 }
 
@@ -37,7 +38,7 @@ _publishing() {
   elif [[ $previous == --ppd || $previous == -o || $previous == --output ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
-  elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|extension)$ ]]; then
+  elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|printer|extension)$ ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
   elif [[ $command == print || $command == dialog ]]; then
     compopt -o filenames

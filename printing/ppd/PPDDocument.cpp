@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "printing/ppd/PPDDocument.h"
 
-#include <array>
 #include <cerrno>
 #include <sstream>
 #include <string_view>
 #include <utility>
 
 #include <glib.h>
-#include <unistd.h>
 
 #include "Publishing/ppd/PPDFields.h"
+#include "base/MemoryFile.h"
 #include "base/Translation.h"
 #include "printing/PrintError.h"
+#include "printing/ppd/FetchedPPD.h"
 
 namespace publishing {
 
@@ -75,31 +75,6 @@ std::string checksumOf(const std::string& path) {
   return text;
 }
 
-// The queue's PPD: a copy of the server's file or a link to it, which is ours to remove.
-class FetchedPPD {
- public:
-  FetchedPPD(http_t* http, const std::string& queue) {
-    time_t modified = 0;
-    const http_status_t status =
-        cupsGetPPD3(http, queue.c_str(), &modified, path_.data(), path_.size());
-    if (status == HTTP_STATUS_OK || status == HTTP_STATUS_NOT_FOUND) return;
-    throw PrintError::trouble(
-        translated("The print server did not provide the PPD of the queue %s: %s.", queue,
-                   cupsLastErrorString()));
-  }
-  ~FetchedPPD() {
-    if (exists()) unlink(path_.data());
-  }
-  FetchedPPD(const FetchedPPD&) = delete;
-  FetchedPPD& operator=(const FetchedPPD&) = delete;
-
-  [[nodiscard]] bool exists() const { return path_.front() != '\0'; }
-  [[nodiscard]] std::string path() const { return path_.data(); }
-
- private:
-  std::array<char, 1024> path_{};
-};
-
 // --- programs ---
 
 // A filter line is "TYPE COST PROGRAM" or "TYPE TYPE COST PROGRAM"; types have a slash as well.
@@ -133,6 +108,12 @@ const ppd_choice_t* findChoice(const ppd_option_t* option, const std::string& ke
 PPDDocument PPDDocument::openFile(const std::string& path) {
   PPDHandle ppd = opened(path, path);
   return {std::move(ppd), faultsOf(path, path), checksumOf(path)};
+}
+
+PPDDocument PPDDocument::openText(const std::string& text, const std::string& name) {
+  const MemoryFile file(text);
+  PPDHandle ppd = opened(file.path(), name);
+  return {std::move(ppd), faultsOf(file.path(), name), checksumOf(file.path())};
 }
 
 std::optional<PPDDocument> PPDDocument::fetch(http_t* http, const std::string& queue) {

@@ -21,6 +21,9 @@ class PPDDocument {
   // Throws PrintError (Trouble) with the file, the fault and its line when the PPD cannot be used.
   static PPDDocument openFile(const std::string& path);
 
+  // A PPD that is not in a file; `name` stands for it in messages. Throws as openFile does.
+  static PPDDocument openText(const std::string& text, const std::string& name);
+
   // The PPD that the server has for the queue; nothing when the queue has none (a queue without a
   // driver). Throws as openFile does.
   static std::optional<PPDDocument> fetch(http_t* http, const std::string& queue);

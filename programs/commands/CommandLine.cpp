@@ -10,6 +10,7 @@
 #include "programs/commands/MediaCommand.h"
 #include "programs/commands/PagesCommand.h"
 #include "programs/commands/PrintCommand.h"
+#include "programs/commands/PrinterCommand.h"
 #include "programs/commands/SettingsCommand.h"
 #include "programs/terminal/Terminal.h"
 
@@ -25,6 +26,7 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   addMediaCommand(app, status);
   addPagesCommand(app, status);
   addSettingsCommand(app, status);
+  addPrinterCommand(app, status);
   addExtensionCommand(app, status);
   addDialogCommand(app);
   try {

@@ -19,19 +19,20 @@ std::string text(const char (&field)[Size]) {
   return std::string(boundedView(field));
 }
 
-bool involvesTray(const ppd_const_t& constraint) {
-  return sameForCups(text(constraint.option1), kTray) ||
-         sameForCups(text(constraint.option2), kTray);
+bool involves(const ppd_const_t& constraint, const std::string& option) {
+  return sameForCups(text(constraint.option1), option) ||
+         sameForCups(text(constraint.option2), option);
 }
 
-// Empties the constraints between more than two options while it lives, less those with a tray:
-// libcups has them as attributes.
+// Empties the constraints between more than two options while it lives, less those with the
+// option: libcups has them as attributes.
 class HiddenExtendedConstraints {
  public:
-  explicit HiddenExtendedConstraints(ppd_file_t* ppd) {
+  HiddenExtendedConstraints(ppd_file_t* ppd, const std::string& option) {
     for (ppd_attr_t* attribute = ppdFindAttr(ppd, "cupsUIConstraints", nullptr);
          attribute != nullptr; attribute = ppdFindNextAttr(ppd, "cupsUIConstraints", nullptr)) {
-      if (attribute->value == nullptr || std::strstr(attribute->value, "*InputSlot") != nullptr)
+      if (attribute->value == nullptr ||
+          std::strstr(attribute->value, ("*" + option).c_str()) != nullptr)
         continue;
       hidden_.emplace_back(attribute, std::exchange(attribute->value, nullptr));
     }
@@ -53,7 +54,7 @@ std::vector<TrayConstraint> trayConstraintsOf(const ppd_file_t* ppd) {
   std::vector<TrayConstraint> found;
   for (int index = 0; index < ppd->num_consts; ++index) {
     const ppd_const_t& constraint = ppd->consts[index];
-    if (!involvesTray(constraint)) continue;
+    if (!involves(constraint, kTray)) continue;
     Side first{text(constraint.option1), text(constraint.choice1)};
     Side second{text(constraint.option2), text(constraint.choice2)};
     const bool trayFirst = sameForCups(first.option, kTray);
@@ -67,16 +68,17 @@ bool sameForCups(const std::string& one, const std::string& other) {
   return strcasecmp(one.c_str(), other.c_str()) == 0;
 }
 
-TrayOracle::TrayOracle(ppd_file_t* ppd) : ppd_(ppd) {
+TrayOracle::TrayOracle(ppd_file_t* ppd, std::string option)
+    : ppd_(ppd), option_(std::move(option)) {
   if (ppd->cups_uiconstraints != nullptr) throw std::logic_error("the PPD was marked already");
   std::vector<ppd_const_t> reduced;
   for (int index = 0; index < ppd->num_consts; ++index) {
-    if (involvesTray(ppd->consts[index])) reduced.push_back(ppd->consts[index]);
+    if (involves(ppd->consts[index], option_)) reduced.push_back(ppd->consts[index]);
   }
   ppd_const_t* const all = std::exchange(ppd->consts, reduced.data());
   const int count = std::exchange(ppd->num_consts, static_cast<int>(reduced.size()));
   {
-    const HiddenExtendedConstraints hidden(ppd);
+    const HiddenExtendedConstraints hidden(ppd, option_);
     std::ignore = forbidding("");
   }
   ppd->consts = all;
@@ -85,7 +87,7 @@ TrayOracle::TrayOracle(ppd_file_t* ppd) : ppd_(ppd) {
 
 std::map<std::string, std::string> TrayOracle::forbidding(const std::string& tray) const {
   cups_option_t* options = nullptr;
-  const int count = cupsGetConflicts(ppd_, kTray, tray.c_str(), &options);
+  const int count = cupsGetConflicts(ppd_, option_.c_str(), tray.c_str(), &options);
   std::map<std::string, std::string> found;
   for (int index = 0; index < count; ++index) {
     found.emplace(options[index].name, options[index].value);

@@ -33,18 +33,20 @@ bool sameForCups(const std::string& one, const std::string& other);
 
 class TrayOracle {
  public:
-  // Makes libcups forget the PPD's constraints that involve no tray: it reports every conflict
-  // there is among the marked choices, whatever it is asked about. libcups builds its table at the
+  // Makes libcups forget the PPD's constraints that do not involve the option, InputSlot or another
+  // one that trays are chosen by: it reports every conflict there is among the marked choices,
+  // whatever it is asked about. libcups builds its table at the
   // first question and keeps it, so that the PPD's own list is as before afterwards. Marking a
   // choice asks already: the PPD must come as it was opened, or std::logic_error is thrown. It must
   // outlive the oracle.
-  explicit TrayOracle(ppd_file_t* ppd);
+  explicit TrayOracle(ppd_file_t* ppd, std::string option = kTray);
 
   // The choices that forbid this tray as libcups sees it with what is marked now, by option.
   [[nodiscard]] std::map<std::string, std::string> forbidding(const std::string& tray) const;
 
  private:
   ppd_file_t* ppd_;
+  std::string option_;
 };
 
 }  // namespace publishing::corpus

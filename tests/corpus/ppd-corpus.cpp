@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Compares the panel's PPD model with libcups over folders of PPDs; docs/corpus.md explains.
-#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -9,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "tests/corpus/Files.h"
 #include "tests/corpus/LoadTimes.h"
 #include "tests/corpus/PPDCheck.h"
 #include "tests/corpus/Report.h"
@@ -16,16 +16,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-// Every file below the folder, in an order that is the same everywhere.
-std::vector<fs::path> filesBelow(const fs::path& folder) {
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(folder))
-    if (entry.is_regular_file()) files.push_back(entry.path());
-  if (files.empty()) throw std::runtime_error(folder.string() + ": no files");
-  std::sort(files.begin(), files.end());
-  return files;
-}
 
 int check(const std::vector<fs::path>& packages, int rounds, const fs::path& report) {
   using namespace publishing::corpus;
@@ -47,6 +37,7 @@ int check(const std::vector<fs::path>& packages, int rounds, const fs::path& rep
 }
 
 int bench(const std::vector<fs::path>& packages) {
+  using publishing::corpus::filesBelow;
   constexpr int kPasses = 5;
   publishing::corpus::LoadTimes times;
   for (int pass = 0; pass < kPasses; ++pass)
