@@ -38,10 +38,6 @@ bool printRatios(const std::vector<Comparison>& comparisons, const MedianReporte
     const char* unit = share ? "%" : "x";
     std::printf("%-24s %10.1f   %-28s %10.1f   %8.2f %s   ", ours.c_str(), our, peer.c_str(), their,
                 ratio, unit);
-    if (wanted == kNoGoal) {
-      std::printf("-\n");
-      continue;
-    }
     const bool good = share ? ratio <= limit : ratio >= limit;
     met = met && good;
     std::printf("%s %g %s: %s\n", share ? "at most" : "at least", limit, unit,

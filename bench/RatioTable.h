@@ -10,14 +10,12 @@
 
 namespace publishing::bench {
 
-constexpr double kNoGoal = 0;
-
 // What is wanted of `ours` against `peer`, both names of benchmarks.
 struct Comparison {
   std::string ours;
   std::string peer;
   enum class Goal { kShareAtMost, kTimesFaster } goal;
-  double wanted;  // a share of the peer's time, 0 to 1, or how many times faster; kNoGoal
+  double wanted;  // a share of the peer's time, 0 to 1, or how many times faster
 };
 
 // Writes results to the console as they come and keeps the medians.
