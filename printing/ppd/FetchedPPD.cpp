@@ -16,8 +16,9 @@ FetchedPPD::FetchedPPD(http_t* http, const std::string& queue) {
   const http_status_t status =
       cupsGetPPD3(http, queue.c_str(), &modified, path_.data(), path_.size());
   if (status == HTTP_STATUS_OK || status == HTTP_STATUS_NOT_FOUND) return;
-  throw PrintError::trouble(translated("The print server did not provide the PPD of the queue %s: %s.",
-                              queue, cupsLastErrorString()));
+  throw PrintError::trouble(
+      translated("The print server did not provide the PPD of the queue %s: %s.", queue,
+                 cupsLastErrorString()));
 }
 
 FetchedPPD::~FetchedPPD() {

@@ -118,7 +118,7 @@ ExitStatus conclude(Action action, const std::vector<Report>& reports,
       continue;
     status = std::max(status, exitStatusOf(report.error->kind()));
   }
-  if (options.json) say(toLine({{"printers", list}}));
+  if (options.json) say(jsonLine({{"printers", list}}));
   return status;
 }
 
