@@ -35,6 +35,8 @@ void KeptBytes::write(std::string_view bytes) {
   if (file_) {
     writeAll(file_.get(), bytes);
   } else {
+    // Growing by and by, a string would need twice its size.
+    if (memory_.capacity() < size_ + bytes.size() && size_ > kPortion) memory_.reserve(limit_);
     memory_ += bytes;
   }
   size_ += bytes.size();

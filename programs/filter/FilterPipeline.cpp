@@ -21,7 +21,7 @@ namespace publishing {
 namespace {
 
 constexpr int kCannotRun = 127;
-constexpr auto kPatience = std::chrono::seconds(5);
+constexpr auto kPatience = std::chrono::seconds(2);
 constexpr auto kLook = std::chrono::milliseconds(10);
 
 constexpr const char* kServerPrograms = "CUPS_SERVERBIN";
@@ -141,7 +141,7 @@ void FilterPipeline::wait() {
   if (!failure.empty()) throw FilterFailure(failure);
 }
 
-// First politely, so that they can remove their files.
+// First politely, so that they can remove their files. What they leave behind is nobody's.
 void FilterPipeline::end() {
   output_.reset();
   for (const Child& child : children_)
@@ -150,7 +150,10 @@ void FilterPipeline::end() {
   while (true) {
     const pid_t ended = waitpid(-1, nullptr, WNOHANG);
     if (ended < 0 && errno == ECHILD) break;
-    if (ended > 0) continue;
+    if (ended > 0) {
+      std::erase_if(children_, [ended](const Child& child) { return child.process == ended; });
+      continue;
+    }
     if (std::chrono::steady_clock::now() > deadline || children_.empty()) {
       for (const pid_t child : presentChildren())
         kill(child, SIGKILL);

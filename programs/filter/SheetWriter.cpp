@@ -7,6 +7,8 @@
 namespace publishing {
 namespace {
 
+constexpr std::size_t kSetBuffer = 64 * 1024;  // for a set that is read again
+
 // Leaves the graphics state of the document alone. A document may have its own showpage.
 constexpr const char* kBlankPage = "gsave systemdict/showpage get exec grestore";
 
@@ -217,7 +219,7 @@ void SheetWriter::repeatSet() {
           place += length;
           return length;
         },
-        DscReader::kBufferSize, DscSection::Page);
+        kSetBuffer, DscSection::Page);
     while (const std::optional<DscPiece> piece = reader.next()) {
       if (piece->comment == DscComment::Page) {
         ++sides_;

@@ -21,7 +21,7 @@ namespace publishing {
 class SheetWriter {
  public:
   // How much of each kept page is held in memory, and of a set that is written again.
-  static constexpr std::size_t kLargestInMemory = 2 * 1024 * 1024;
+  static constexpr std::size_t kLargestInMemory = 1024 * 1024;
 
   // The sink has to outlive the writer.
   SheetWriter(const SheetOrder& order, SheetCode code, ByteSink& sink);

@@ -197,7 +197,7 @@ class PlainJob : public Publishingtops, public ::testing::WithParamInterface<Pla
 TEST_P(PlainJob, ComesOutAsFromCupsByteByByte) {
   const PlainCase& tried = GetParam();
   const bool isPostScript = tried.contentType == "application/postscript";
-  for (const char* copies : {"1", "2"}) {
+  for (const char* copies : {"2"}) {
     FilterRun run{.document = isPostScript ? postScript(5) : kReport,
                   .options = tried.options,
                   .copies = copies,
@@ -234,6 +234,55 @@ TEST_F(Publishingtops, LeavesTheCoversToNoOtherProgram) {
   EXPECT_THAT(contentsOfFile(output_),
               AllOf(HasSubstr("*CoverMediaType PrnDef\n"), HasSubstr("*PageMediaType PrnDef\n"),
                     Not(HasSubstr("*CoverMediaType Coated"))));
+}
+
+// What CUPS's filters add would be taken for the last page.
+TEST_F(Publishingtops, MakesNoPageOfWhatFillsUpASheet) {
+  const std::string ppd =
+      folder_.file("even.ppd", contentsOfFile(FilterRun().ppd) + "*cupsEvenDuplex: True\n");
+  const std::vector<std::string> expected = {"Coated 1", "Coated -", "Plain 2",  "Plain 3",
+                                             "Plain 4",  "Plain -",  "Coated -", "Coated 5"};
+  EXPECT_THAT(sides({.document = kReport,
+                     .options = kTwoSided + kBothCovers + "page-ranges=1-5",
+                     .ppd = ppd}),
+              ElementsAreArray(expected));
+  EXPECT_THAT(sides({.document = postScript(5),
+                     .options = kTwoSided + kBothCovers,
+                     .contentType = "application/postscript",
+                     .ppd = ppd}),
+              ElementsAreArray(expected));
+}
+
+TEST_F(Publishingtops, ReadsDataAndLongLinesAsWhatTheyAre) {
+  const std::string data = "currentfile 12 string readstring\n%%Page: 3 3\npop pop\n(" +
+                           std::string(300000, 'x') + ")pop\n";
+  const std::string document = postScript(3, "%%BeginData: 45 Binary Bytes\n" + data);
+  EXPECT_THAT(sides({.document = document,
+                     .options = kTwoSided + kBothCovers,
+                     .contentType = "application/postscript"}),
+              ElementsAre("Coated 1", "Coated -", "Plain 2", "Plain -", "Coated -", "Coated 3"));
+}
+
+TEST_F(Publishingtops, KeepsSheetsWholeOfPagesOfDifferentSizes) {
+  const std::string document = folder_ / "mixed.pdf";
+  const std::string page =
+      " /Helvetica 12 selectfont 72 72 moveto (Page ) show show ( of) show showpage ";
+  ASSERT_EQ(runProgram({"/bin/bash", "-c",
+                        "gs -q -sDEVICE=pdfwrite -o " + document + " -c '(1)" + page +
+                            "<</PageSize[842 1191]>>setpagedevice (2)" + page +
+                            "<</PageSize[420 595]>>setpagedevice (3)" + page +
+                            "<</PageSize[842 595]>>setpagedevice (4)" + page + "'"})
+                .status,
+            0);
+  for (const char* renderer : {"gs", "pdftops"}) {
+    EXPECT_THAT(sides({document, kTwoSided + kBothCovers + "pdftops-renderer=" + renderer}),
+                ElementsAre("Coated 1", "Coated -", "Plain 2", "Plain 3", "Coated -", "Coated 4"));
+    EXPECT_THAT(runProgram({"/bin/bash", "-c",
+                            "gs -q -dNOPAUSE -dBATCH -sDEVICE=pdfwrite -o - " + output_ +
+                                " | pdfinfo - | grep 'Page size'"})
+                    .output,
+                HasSubstr("595 x 842"));
+  }
 }
 
 TEST_F(Publishingtops, SaysWhatAJobDoesNotGet) {
