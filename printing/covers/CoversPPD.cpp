@@ -76,7 +76,8 @@ std::string bypassIn(std::string_view ppd) {
   readLines(
       ppd, [](const PPDStatement&) {}, [](std::string_view) {},
       [&](std::string_view line) { others += line; });
-  for (const FilterLine& line : filterLinesOf(statementsOf(others))) {
+  const std::vector<PPDStatement> statements = statementsOf(others);
+  for (const FilterLine& line : filterLinesOf(statements)) {
     if (!staysInForce(line)) bypass = bytesOf(others, *line.statement);
   }
   return bypass;
