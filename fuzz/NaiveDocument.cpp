@@ -245,17 +245,28 @@ class Writer {
   }
 
   void writeBack(const NaivePiece& piece) {
-    if (piece.comment == DscComment::Trailer) hasTrailer_ = true;
+    if (piece.comment == DscComment::Trailer) {
+      hasTrailer_ = true;
+      text_ += piece.bytes;
+      return returnToBody();
+    }
     if (document_.pages > 0 && piece.comment == DscComment::Pages) return writeTotal();
     if (document_.pages > 0 && piece.comment == DscComment::Eof && !totalWritten_) writeTotal();
     text_ += piece.bytes;
   }
 
   void writeTotal() {
-    if (!hasTrailer_) line("%%Trailer");
+    if (!hasTrailer_) {
+      line("%%Trailer");
+      returnToBody();
+    }
     line("%%Pages: " + std::to_string(sides_));
     hasTrailer_ = true;
     totalWritten_ = true;
+  }
+
+  void returnToBody() {
+    if (!plan_.sheets.empty() && !plan_.sheets.back().medium.empty()) line(code_.media.at(""));
   }
 
   const NaiveDocument& document_;

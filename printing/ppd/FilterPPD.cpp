@@ -163,6 +163,8 @@ std::optional<ChoiceCode> FilterPPD::code(const char* option, const std::string&
   if (chosen == nullptr) return std::nullopt;
   if (const char* own = attribute(kCode, std::string(option) + "." + choice))
     return ChoiceCode{option, choice, own, false};
+  // The code of a custom value takes its numbers from the stack, and there are none.
+  if (ppdFindCustomOption(ppd(), option) != nullptr && choice == "Custom") return std::nullopt;
   if (!takesPostScript() || !isInSetup(*found) || chosen->code == nullptr || *chosen->code == '\0')
     return std::nullopt;
   return ChoiceCode{option, choice, chosen->code};

@@ -3,12 +3,18 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string_view>
 
 #include <cups/cups.h>
+#include <strings.h>
 
 #include "Publishing/PublishingKeys.h"
 
 namespace publishing {
+
+bool OptionNameLess::operator()(const std::string& left, const std::string& right) const {
+  return strcasecmp(left.c_str(), right.c_str()) < 0;
+}
 
 std::optional<FilterJob> FilterJob::fromArguments(int argc, char** argv) {
   if (argc != 6 && argc != 7) return std::nullopt;
@@ -51,8 +57,10 @@ std::string writtenOptions(const JobOptions& options) {
 }
 
 JobOptions optionsWithoutSheets(JobOptions options) {
-  std::erase_if(options,
-                [](const auto& option) { return option.first.starts_with("AP_FIRSTPAGE_"); });
+  std::erase_if(options, [](const auto& option) {
+    constexpr std::string_view kFirstPage = "AP_FIRSTPAGE_";
+    return strncasecmp(option.first.c_str(), kFirstPage.data(), kFirstPage.size()) == 0;
+  });
   options[cCoverMediaType] = kPrnDef;
   options[cPageMediaType] = kPrnDef;
   // The sides are counted here, not the pages there.

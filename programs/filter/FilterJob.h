@@ -9,7 +9,11 @@
 
 namespace publishing {
 
-using JobOptions = std::map<std::string, std::string>;
+// To CUPS the case of an option's name is all the same.
+struct OptionNameLess {
+  bool operator()(const std::string& left, const std::string& right) const;
+};
+using JobOptions = std::map<std::string, std::string, OptionNameLess>;
 
 // The arguments of a CUPS filter.
 struct FilterJob {

@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
+#include <map>
 #include <optional>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,6 +15,7 @@
 #include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/Translation.h"
 #include "printing/SheetWarningText.h"
 #include "printing/ppd/FilterPPD.h"
 #include "programs/filter/FilterInput.h"
@@ -46,17 +49,26 @@ bool isOn(const JobOptions& options, const char* key) {
   return found != options.end() && found->second == "On";
 }
 
+std::map<std::string, std::string> plainMap(const JobOptions& options) {
+  return {options.begin(), options.end()};
+}
+
 std::optional<FilterPPD> openPPD() {
   const char* path = std::getenv("PPD");
   if (path == nullptr || *path == '\0') return std::nullopt;
-  return FilterPPD(path);
+  try {
+    return FilterPPD(path);
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error(
+        translated("The PPD %s cannot be used: %s", path, std::string(error.what())));
+  }
 }
 
 class SheetFilter {
  public:
   explicit SheetFilter(const FilterJob& job)
       : job_(job), options_(parsedOptions(job.options)), input_(job), ppd_(openPPD()) {
-    if (ppd_) ppd_->mark(options_);
+    if (ppd_) ppd_->mark(plainMap(options_));
   }
 
   void run() {
@@ -90,7 +102,7 @@ class SheetFilter {
   }
 
   SheetOrder readOrder() const {
-    JobOptions options = options_;
+    std::map<std::string, std::string> options = plainMap(options_);
     options["copies"] = job_.copies;
     SheetOrder order = readSheetOrder(options, ppd_->facts());
     order.collated = order.collated || ppd_->collates() || order.copies > ppd_->mostCopies();

@@ -128,7 +128,11 @@ void SheetWriter::endPages() {
 
 void SheetWriter::writeTrailer(const DscPiece& piece) {
   endPages();
-  if (piece.comment == DscComment::Trailer) hasTrailer_ = true;
+  if (piece.comment == DscComment::Trailer) {
+    hasTrailer_ = true;
+    out_.write(piece.bytes);
+    return returnToBody();
+  }
   if (piece.comment == DscComment::Pages && pagesBegan_) {
     writeTotal();
     leaveOutRest_ = true;
@@ -139,9 +143,19 @@ void SheetWriter::writeTrailer(const DscPiece& piece) {
 }
 
 void SheetWriter::writeTotal() {
-  if (!std::exchange(hasTrailer_, true)) out_.writeLine("%%Trailer");
+  if (!std::exchange(hasTrailer_, true)) {
+    out_.writeLine("%%Trailer");
+    returnToBody();
+  }
   out_.writeLine("%%Pages: " + std::to_string(sides_));
   totalWritten_ = true;
+}
+
+// The job's next document, or its banner, is not to come out on a cover.
+void SheetWriter::returnToBody() {
+  if (medium_.empty()) return;
+  const auto code = code_.media.find({});
+  if (code != code_.media.end()) out_.writeLine(code->second);
 }
 
 // The page that arrives is the last side, if it is one of them.

@@ -64,6 +64,7 @@ class SheetWriter {
   void writePageComment(std::string_view label);
   void repeatSet();
   void writeTotal();
+  void returnToBody();
 
   SheetPlanner planner_;
   SheetCode code_;

@@ -154,7 +154,15 @@ TEST(SheetWriter, MakesTheSetupsThatADocumentLacks) {
                               "%%BeginPageSetup\nto Leather\n%%EndPageSetup\n(1) show\n"
                               "%%Page: (a (b) c) 2\n%%BeginPageSetup\nto Body\n%%EndPageSetup\n"
                               "(2) show\n%%Page: 3 3\n%%BeginPageSetup\nto Leather\n"
-                              "%%EndPageSetup\n(3) show\n%%Trailer\n%%Pages: 3\n"));
+                              "%%EndPageSetup\n(3) show\n%%Trailer\nto Body\n%%Pages: 3\n"));
+}
+
+// Several documents of a job are one job to the printer.
+TEST(SheetWriter, LeavesTheBodysMediumBehind) {
+  EXPECT_THAT(written(order(kTwoSided + covers("2", "5")), document(3)),
+              HasSubstr("%%Trailer\nto Body\nend\n%%Pages: "));
+  EXPECT_THAT(written(order(kTwoSided + covers("1", "5")), document(3)),
+              HasSubstr("%%Trailer\nend\n%%Pages: "));
 }
 
 TEST(SheetWriter, KeepsLargePagesInFilesAndLosesNothing) {

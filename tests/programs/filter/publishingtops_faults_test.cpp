@@ -103,7 +103,7 @@ TEST_F(FilterFaults, APPDThatIsBrokenIsReported) {
   (void)document(1);
   const Outcome outcome = shell(R"(PPD=in.ps $FILTER "$OPTIONS" in.ps >out)");
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_THAT(outcome.errors, HasSubstr("ERROR: "));
+  EXPECT_THAT(outcome.errors, HasSubstr("ERROR: The PPD in.ps cannot be used: "));
 }
 
 // The process of the filter that hangs is in "hanging", that of its own child in "child".

@@ -285,6 +285,34 @@ TEST_F(Publishingtops, KeepsSheetsWholeOfPagesOfDifferentSizes) {
   }
 }
 
+TEST_F(Publishingtops, TakesOptionsInAnyCase) {
+  EXPECT_THAT(sides({kReport,
+                     "SIDES=two-sided-long-edge vtcovermodestate=On VTCOVERMODEVALUE=1 "
+                     "VtCovermodeRadioButtonState=1 covermediatype=Tray2 page-ranges=1-2"}),
+              ElementsAre("1 1", "1 -", "Plain 2", "Plain -"));
+  EXPECT_THAT(contentsOfFile(output_), Not(HasSubstr("*CoverMediaType Tray2")));
+}
+
+TEST_F(Publishingtops, PrintsOnCustomPageSizes) {
+  const std::string ppd = folder_.file(
+      "custom.ppd",
+      contentsOfFile(FilterRun().ppd) +
+          "*CustomPageSize True: \"pop pop pop <</PageSize [5 -2 roll]/ImagingBBox null>>"
+          "setpagedevice\"\n*ParamCustomPageSize Width: 1 points 36 1000\n"
+          "*ParamCustomPageSize Height: 2 points 36 1000\n"
+          "*ParamCustomPageSize WidthOffset: 3 points 0 0\n"
+          "*ParamCustomPageSize HeightOffset: 4 points 0 0\n"
+          "*ParamCustomPageSize Orientation: 5 int 0 3\n");
+  for (const char* renderer : {"gs", "pdftops"}) {
+    EXPECT_THAT(
+        sides({.document = kReport,
+               .options = kTwoSided + kBothCovers + "PageSize=Custom.400x600 page-ranges=1-3 " +
+                          "pdftops-renderer=" + renderer,
+               .ppd = ppd}),
+        ElementsAre("Coated 1", "Coated -", "Plain 2", "Plain -", "Coated -", "Coated 3"));
+  }
+}
+
 TEST_F(Publishingtops, SaysWhatAJobDoesNotGet) {
   sides({kReport, kTwoSided + kBothCovers + "number-up=2"});
   EXPECT_THAT(outcome_.errors, HasSubstr("WARNING: Covers and inserts are left out"));
