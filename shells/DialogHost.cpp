@@ -56,11 +56,7 @@ void DialogHost::followPrinter() {
         showPrinter(std::move(opened), problem);
       },
       [this, name] {
-        leavePanel(
-            translated("The printer %s is not responding. You can choose covers and inserts once "
-                       "it does; other printers are listed on the “General” tab.",
-                       name),
-            Waiting::Late);
+        leavePanel(translated(dialog_.places().printerIsLate, name), Waiting::Late);
       });
 }
 
@@ -121,7 +117,7 @@ void DialogHost::giveMedia(bool byUser) {
 void DialogHost::panelChanged() {
   if (panel_ == nullptr) return;
   giveMedia(true);
-  panel_->showReasons();
+  panel_->showReasons(dialog_.places());
   dialog_.setSummary(panel_->summary());
 }
 

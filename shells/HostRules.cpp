@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/HostRules.h"
 
+#include "Publishing/PublishingPDE.h"
 #include "base/GlibHandles.h"
 #include "shells/ExtensionNames.h"
 
@@ -51,6 +52,10 @@ void readSeconds(GKeyFile* file, HostRules& rules) {
 }
 
 }  // namespace
+
+bool HostRules::wantPanel() const {
+  return extension && (showHiddenPanels || !PublishingPDE::shouldHide());
+}
 
 HostRules HostRules::load() {
   HostRules rules;

@@ -27,6 +27,9 @@ struct HostRules {
   // The file that was read; empty when there is none.
   std::string file;
 
+  // Whether print dialogs are to have the panel, which asks not to be listed.
+  [[nodiscard]] bool wantPanel() const;
+
   // A value that makes no sense is reported in the log and left at its default.
   static HostRules load();
 };

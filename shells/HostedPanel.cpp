@@ -168,8 +168,8 @@ std::string HostedPanel::summary() const {
   return summaryOf(panel_->state(), " · ");
 }
 
-void HostedPanel::showReasons() {
-  publishing::showReasons(*bundle_, controls_, *panel_, *printer_, ticket_);
+void HostedPanel::showReasons(const DialogPlaces& places) {
+  publishing::showReasons(*bundle_, controls_, *panel_, *printer_, ticket_, places);
 }
 
 }  // namespace publishing

@@ -14,6 +14,7 @@
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
 #include "shells/DialogJob.h"
+#include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
 #include "shells/PanelControls.h"
 #include "shells/TicketCallback.h"
@@ -78,7 +79,7 @@ class HostedPanel {
   [[nodiscard]] std::string summary() const;
 
   // Sets the tooltips of the controls that cannot be used.
-  void showReasons();
+  void showReasons(const DialogPlaces& places);
 
   // Opens the help book; false when no viewer could be started.
   bool showHelp() { return !panel_->shouldShowHelp(); }

@@ -10,17 +10,12 @@ namespace {
 
 constexpr const char* kNeedsCovers = N_("Needs covers: tick “Add covers to the document”.");
 constexpr const char* kNeedsSheets = N_("Needs sheets: tick “Add sheets between the pages”.");
-constexpr const char* kNeedsTwoSided = N_("Needs two-sided printing: see the “Page Setup” tab.");
 constexpr const char* kNeedsBackCover = N_("Needs a back cover: choose “Front and back covers”.");
-constexpr const char* kNeedsOrder =
-    N_("Needs the pages in order: switch off “Reverse” on the “General” tab.");
-constexpr const char* kNeedsSinglePages =
-    N_("Needs one page per side: see “Pages per side” on the “Page Setup” tab.");
 
 // What the job lacks for covers and inserts; empty when it lacks nothing.
-std::string reasonAgainstFeatures(const JobTicket& job) {
-  if (job.getValue(kOutputOrder) == "Reverse") return translated(kNeedsOrder);
-  if (job.getValue(kNup) == "1") return translated(kNeedsSinglePages);
+std::string reasonAgainstFeatures(const JobTicket& job, const DialogPlaces& places) {
+  if (job.getValue(kOutputOrder) == "Reverse") return translated(places.needsOrder);
+  if (job.getValue(kNup) == "1") return translated(places.needsSinglePages);
   return {};
 }
 
@@ -39,8 +34,8 @@ std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
 }  // namespace
 
 void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
-                 const Printer& printer, const JobTicket& job) {
-  const std::string against = reasonAgainstFeatures(job);
+                 const Printer& printer, const JobTicket& job, const DialogPlaces& places) {
+  const std::string against = reasonAgainstFeatures(job, places);
   const auto needs = [&against](bool featureOn, const char* feature, const char* otherwise) {
     return !against.empty() ? against : translated(featureOn ? otherwise : feature);
   };
@@ -66,9 +61,9 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
   explain(outlet::CmFrontandBackMatrix, kinds, needs(covers, kNeedsCovers, ""));
   explainMedia(kCoverMode, needs(covers, kNeedsCovers, ""));
   explainBox(outlet::CmFrontOutside, needs(covers, kNeedsCovers, ""));
-  explainBox(outlet::CmFrontInside, needs(covers, kNeedsCovers, kNeedsTwoSided));
+  explainBox(outlet::CmFrontInside, needs(covers, kNeedsCovers, places.needsTwoSided));
   explainBox(outlet::CmBackOutside,
-             needs(covers, kNeedsCovers, backCover ? kNeedsTwoSided : kNeedsBackCover));
+             needs(covers, kNeedsCovers, backCover ? places.needsTwoSided : kNeedsBackCover));
   explainBox(outlet::CmBackInside, needs(covers, kNeedsCovers, kNeedsBackCover));
 
   explainBox(outlet::PiCheckBox, against);
@@ -76,7 +71,7 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
           needs(sheets, kNeedsSheets, ""));
   explainMedia(kPageInsert, needs(sheets, kNeedsSheets, ""));
   explainBox(outlet::PiPrintOnFront, needs(sheets, kNeedsSheets, ""));
-  explainBox(outlet::PiPrintOnBack, needs(sheets, kNeedsSheets, kNeedsTwoSided));
+  explainBox(outlet::PiPrintOnBack, needs(sheets, kNeedsSheets, places.needsTwoSided));
 }
 
 }  // namespace publishing

@@ -4,6 +4,7 @@
 #include "Publishing/PublishingPDE.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
+#include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
 #include "shells/PanelControls.h"
 
@@ -13,6 +14,6 @@ namespace publishing {
 // some items are greyed out; a control that can be used has no such tooltip. `job` is the ticket
 // that the panel was refreshed from.
 void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
-                 const Printer& printer, const JobTicket& job);
+                 const Printer& printer, const JobTicket& job, const DialogPlaces& places);
 
 }  // namespace publishing

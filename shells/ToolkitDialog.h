@@ -11,6 +11,7 @@
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
 #include "shells/DialogJob.h"
+#include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
 
 namespace publishing {
@@ -40,6 +41,8 @@ class ToolkitDialog {
   // Gives the job these options and takes from it the panel's keys (kPanelKeys) that are not among
   // them. Media are shown in the dialog's own tabs already, where it has any for them.
   virtual void handOver(const JobTicket::Options& options) = 0;
+
+  [[nodiscard]] virtual const DialogPlaces& places() const = 0;
 
   // --- the printer ---
 

@@ -3,7 +3,7 @@
 #include <gtk/gtkunixprint.h>
 
 #include "base/Translation.h"
-#include "shells/gtk/Guarded.h"
+#include "shells/Guarded.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 
 // Gives a print dialog of any program its panel. Throws nothing; a dialog that cannot have the

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/GtkAlertPanel.h"
 
-#include "shells/gtk/DisplayText.h"
+#include "shells/DisplayText.h"
 
 namespace publishing {
 namespace {
@@ -24,7 +24,7 @@ void GtkAlertPanel::runAlertPanel(const std::string& title, const std::string& m
   gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(dialog), "%s",
                                            displayText(message).c_str());
   gtk_window_set_title(GTK_WINDOW(dialog), "");
-  gtk_dialog_add_button(dialog, displayLabel(defaultButton).c_str(), GTK_RESPONSE_OK);
+  gtk_dialog_add_button(dialog, displayLabel(defaultButton, '_').c_str(), GTK_RESPONSE_OK);
   gtk_dialog_set_default_response(dialog, GTK_RESPONSE_OK);
   gtk_dialog_run(dialog);
   gtk_widget_destroy(alert.get());

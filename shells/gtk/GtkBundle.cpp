@@ -5,17 +5,13 @@
 
 #include "base/GlibHandles.h"
 #include "base/Translation.h"
+#include "shells/HelpBook.h"
 
 extern "C" {
 #include "shells/gtk/resources.h"  // generated, C
 }
 
 namespace publishing {
-namespace {
-
-constexpr const char* kHelpBook = "Publishing Help";
-
-}  // namespace
 
 std::string GtkBundle::localizedString(const std::string& key) const {
   return translated(key.c_str());
@@ -42,13 +38,8 @@ void GtkBundle::setTooltip(std::string_view outlet, const std::string& text) {
 }
 
 bool GtkBundle::registerHelpBook() {
-  for (const gchar* const* language = g_get_language_names(); *language != nullptr; ++language) {
-    const GlibText page(g_build_filename(path_.c_str(), "help", *language, "index.html", nullptr));
-    if (g_file_test(page.get(), G_FILE_TEST_IS_REGULAR) == 0) continue;
-    helpPage_ = page.get();
-    return true;
-  }
-  return false;
+  helpPage_ = helpStartPage(path_);
+  return !helpPage_.empty();
 }
 
 std::int32_t GtkBundle::gotoHelpPage(const std::string& bookName) {

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "shells/gtk/DisplayText.h"
-#include "shells/gtk/Guarded.h"
+#include "shells/DisplayText.h"
+#include "shells/Guarded.h"
 
 namespace publishing {
 

@@ -15,7 +15,7 @@
 #include <gtk/gtk.h>
 
 #include "Publishing/platform/Controls.h"
-#include "shells/gtk/Guarded.h"
+#include "shells/Guarded.h"
 #include "shells/gtk/SignalHandlers.h"
 
 namespace publishing {

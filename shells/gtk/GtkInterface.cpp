@@ -5,8 +5,8 @@
 
 #include "Publishing/PublishingFeatures.h"
 #include "base/GlibHandles.h"
+#include "shells/DisplayText.h"
 #include "shells/InterfaceBinder.h"
-#include "shells/gtk/DisplayText.h"
 
 namespace publishing {
 namespace {

@@ -65,6 +65,7 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] DialogJob job() const override { return job_; }
   bool showChoice(const std::string& option, const std::string& choice, bool byUser) override;
   void handOver(const JobTicket::Options& options) override { handedOver = options; }
+  [[nodiscard]] const DialogPlaces& places() const override { return places_; }
   void openPrinter(const std::string& queue, Opened opened, std::function<void()> late) override;
   void stopOpening() override { opened_ = nullptr; }
   [[nodiscard]] std::shared_ptr<HostBundle> makeBundle() override;
@@ -76,6 +77,8 @@ class TinyDialog final : public ToolkitDialog {
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   void sayHelpIsMissing() override { alerts.emplace_back("help"); }
 
+  const DialogPlaces places_ = {"Needs two-sided printing.", "Switch off Reverse.",
+                                "Needs one page per side.", "%s is not responding."};
   std::optional<Selection> selection_;
   DialogJob job_;
   Opened opened_;

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "tests/support/WidgetStage.h"
+
 namespace publishing {
 namespace {
 
@@ -12,6 +14,10 @@ void press(GtkWidget* button) {
 }
 
 }  // namespace
+
+std::unique_ptr<PanelStage> makeWidgetStage(AlertSink alerts) {
+  return std::make_unique<GtkStage>(std::move(alerts));
+}
 
 GtkStage::GtkStage(AlertSink alerts)
     : alerts_(std::move(alerts)),

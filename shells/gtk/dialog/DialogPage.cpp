@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "base/Translation.h"
-#include "shells/gtk/DisplayText.h"
-#include "shells/gtk/Guarded.h"
+#include "shells/DisplayText.h"
+#include "shells/Guarded.h"
 
 namespace publishing {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
+#include "shells/Guarded.h"
 #include "shells/gtk/GObjectPtr.h"
-#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "shells/gtk/Guarded.h"
+#include "shells/Guarded.h"
 
 namespace publishing {
 namespace {

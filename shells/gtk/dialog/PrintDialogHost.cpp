@@ -6,8 +6,10 @@
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/global.h"
 #include "base/Translation.h"
+#include "shells/DisplayText.h"
+#include "shells/Guarded.h"
+#include "shells/HostMessages.h"
 #include "shells/gtk/GtkBundle.h"
-#include "shells/gtk/Guarded.h"
 #include "shells/gtk/dialog/ConflictDialog.h"
 #include "shells/gtk/dialog/DialogSettings.h"
 #include "shells/gtk/dialog/JobHandover.h"
@@ -19,6 +21,13 @@ constexpr const char* kHostKey = "publishing-print-dialog-host";
 
 // The dialog's own controls whose changes the panel follows; reverse order is no printer option.
 constexpr const char* kReverseCheck = "reverse_check";
+
+constexpr DialogPlaces kPlaces = {
+    N_("Needs two-sided printing: see the “Page Setup” tab."),
+    N_("Needs the pages in order: switch off “Reverse” on the “General” tab."),
+    N_("Needs one page per side: see “Pages per side” on the “Page Setup” tab."),
+    N_("The printer %s is not responding. You can choose covers and inserts once it does; other "
+       "printers are listed on the “General” tab.")};
 
 std::string dialogName(const std::string& jobOption) {
   return "cups-" + jobOption;
@@ -33,7 +42,7 @@ PrintDialogHost* PrintDialogHost::of(GtkPrintUnixDialog* dialog) {
 bool PrintDialogHost::attach(GtkPrintUnixDialog* dialog) {
   if (of(dialog) != nullptr) return true;
   HostRules rules = HostRules::load();
-  if (!rules.extension || (PublishingPDE::shouldHide() && !rules.showHiddenPanels)) return false;
+  if (!rules.wantPanel()) return false;
   if (!DialogOptionSet::watch() && !JobHandover::watch()) {
     g_message("This GTK takes no options from the panel, which is left out");
     return false;
@@ -185,6 +194,10 @@ void PrintDialogHost::handOver(const JobTicket::Options& options) {
   }
 }
 
+const DialogPlaces& PrintDialogHost::places() const {
+  return kPlaces;
+}
+
 void PrintDialogHost::bringTabToFront() {
   GtkWidget* tabs = gtk_widget_get_ancestor(page_.content(), GTK_TYPE_NOTEBOOK);
   if (tabs == nullptr) return;
@@ -197,15 +210,13 @@ bool PrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts)
 }
 
 void PrintDialogHost::sayHelpIsMissing() {
+  const HostMessage message = missingHelpMessage(rules_.dataFolder);
   GtkWidget* notice = gtk_message_dialog_new(
       GTK_WINDOW(dialog_),
       static_cast<GtkDialogFlags>(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT),
-      GTK_MESSAGE_INFO, GTK_BUTTONS_CLOSE, "%s", translated("The help cannot be shown.").c_str());
-  gtk_message_dialog_format_secondary_text(
-      GTK_MESSAGE_DIALOG(notice), "%s",
-      translated("Install a web browser, or open this page with another program: %s",
-                 rules_.dataFolder + "/help/C/index.html")
-          .c_str());
+      GTK_MESSAGE_INFO, GTK_BUTTONS_CLOSE, "%s", message.title.c_str());
+  gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(notice), "%s",
+                                           displayText(message.text).c_str());
   g_signal_connect(notice, "response", G_CALLBACK(gtk_widget_destroy), nullptr);
   gtk_widget_show(notice);
 }

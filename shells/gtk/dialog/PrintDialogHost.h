@@ -50,6 +50,7 @@ class PrintDialogHost final : private ToolkitDialog {
   [[nodiscard]] DialogJob job() const override;
   bool showChoice(const std::string& option, const std::string& choice, bool byUser) override;
   void handOver(const JobTicket::Options& options) override;
+  [[nodiscard]] const DialogPlaces& places() const override;
   void openPrinter(const std::string& queue, Opened opened, std::function<void()> late) override;
   void stopOpening() override { fetch_.reset(); }
   [[nodiscard]] std::shared_ptr<HostBundle> makeBundle() override;

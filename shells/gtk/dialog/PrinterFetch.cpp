@@ -4,8 +4,8 @@
 #include <exception>
 #include <utility>
 
+#include "shells/Guarded.h"
 #include "shells/gtk/GObjectPtr.h"
-#include "shells/gtk/Guarded.h"
 
 namespace publishing {
 

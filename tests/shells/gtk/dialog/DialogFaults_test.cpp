@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "shells/Guarded.h"
 #include "shells/gtk/GtkControls.h"
-#include "shells/gtk/Guarded.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 
 namespace {

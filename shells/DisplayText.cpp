@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "shells/gtk/DisplayText.h"
+#include "shells/DisplayText.h"
 
 #include "base/GlibHandles.h"
 
@@ -10,10 +10,10 @@ std::string displayText(const std::string& text) {
   return valid.get();
 }
 
-std::string displayLabel(const std::string& text) {
+std::string displayLabel(const std::string& text, char mark) {
   std::string label;
   for (const char character : displayText(text)) {
-    if (character == '_') label += '_';
+    if (character == mark) label += mark;
     label += character;
   }
   return label;

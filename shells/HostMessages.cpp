@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/HostMessages.h"
+
+namespace publishing {
+
+HostMessage conflictMessage(const std::vector<Conflict>& conflicts) {
+  std::string lines;
+  for (const Conflict& conflict : conflicts)
+    lines += (lines.empty() ? "" : "\n") + conflict.text();
+  return {translated("The printer cannot combine these choices."), lines};
+}
+
+HostMessage missingHelpMessage(const std::string& folder) {
+  return {translated("The help cannot be shown."),
+          translated("Install a web browser, or open this page with another program: %s",
+                     folder + "/help/C/index.html")};
+}
+
+}  // namespace publishing

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Translation.h"
+#include "printing/ppd/PPDDocument.h"
+
+namespace publishing {
+
+// What a host says or asks in a window of its own, in the user's language.
+struct HostMessage {
+  std::string title;
+  std::string text;
+};
+
+// Which choices the printer cannot combine, naming both sides of each, a line for each. The
+// answers, in English with "_" before the mnemonic; going back is the default.
+HostMessage conflictMessage(const std::vector<Conflict>& conflicts);
+inline constexpr const char* kPrintAnyway = N_("Print _Anyway");
+inline constexpr const char* kGoBack = N_("_Go Back");
+
+// That the help could not be shown; `folder` is the one that holds the help book.
+HostMessage missingHelpMessage(const std::string& folder);
+
+}  // namespace publishing
