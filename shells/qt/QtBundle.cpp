@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/qt/QtBundle.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+#include <utility>
+
+#include "base/Translation.h"
+#include "shells/HelpBook.h"
+#include "shells/qt/InterfaceText.h"
+#include "shells/qt/QtText.h"
+
+namespace publishing {
+
+std::string QtBundle::localizedString(const std::string& key) const {
+  return translated(key.c_str());
+}
+
+bool QtBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
+  if (name != kInterfaceName) return false;
+  auto loaded = QtInterface::make(kInterfaceText);
+  if (loaded == nullptr || !loaded->bind(owner)) return false;
+  loaded->setUserChanged(changed_);
+  interfaces_.push_back(std::move(loaded));
+  alertPanel_.setView(interface()->view());
+  owner.awakeFromNib();
+  return true;
+}
+
+void QtBundle::setTooltip(std::string_view outlet, const std::string& text) {
+  if (interface() != nullptr) interface()->setTooltip(outlet, text);
+}
+
+bool QtBundle::registerHelpBook() {
+  helpPage_ = helpStartPage(path_);
+  return !helpPage_.empty();
+}
+
+std::int32_t QtBundle::gotoHelpPage(const std::string& bookName) {
+  if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
+  const QUrl page = QUrl::fromLocalFile(QString::fromStdString(helpPage_));
+  return QDesktopServices::openUrl(page) ? 0 : kNoHelpViewer;
+}
+
+QtInterface* QtBundle::interface() const {
+  return interfaces_.empty() ? nullptr : interfaces_.back().get();
+}
+
+}  // namespace publishing

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/qt/QtInterface.h"
+
+#include <QRadioButton>
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "Publishing/PublishingFeatures.h"
+#include "shells/InterfaceBinder.h"
+#include "shells/qt/QtText.h"
+
+namespace publishing {
+namespace {
+
+const InterfaceObject& viewOf(const std::vector<InterfaceObject>& objects) {
+  const auto found = std::find_if(objects.begin(), objects.end(),
+                                  [](const auto& object) { return object.id == outlet::pdeView; });
+  if (found == objects.end()) throw std::runtime_error("it has no view");
+  return *found;
+}
+
+template <class Controls>
+auto* find(Controls& controls, std::string_view name) {
+  const auto found = controls.find(name);
+  return found != controls.end() ? found->second.get() : nullptr;
+}
+
+// The name of the outlet that the object belongs to; a radio button's is its container's.
+std::string outletOf(const InterfaceWidgets::Made& made) {
+  const bool isCell = made.object->type == "GtkRadioButton";
+  return (isCell ? made.parent->id : made.object->id).toStdString();
+}
+
+}  // namespace
+
+std::unique_ptr<QtInterface> QtInterface::make(std::string_view description) {
+  auto objects = readInterface(description);
+  if (!objects) return nullptr;
+  try {
+    return std::unique_ptr<QtInterface>(new QtInterface(std::move(*objects)));
+  } catch (const std::runtime_error& error) {
+    g_warning("The interface description cannot be shown: %s", error.what());
+    return nullptr;
+  }
+}
+
+QtInterface::QtInterface(std::vector<InterfaceObject> objects)
+    : objects_(std::move(objects)), widgets_(viewOf(objects_)), view_(widgets_.root()) {
+  for (const InterfaceWidgets::Made& made : widgets_.made())
+    addControl(made);
+}
+
+void QtInterface::addControl(const InterfaceWidgets::Made& made) {
+  const std::string name = outletOf(made);
+  if (name.empty()) return;
+  if (made.object->type == "GtkRadioButton") {
+    QWidget* container = made.widget->parentWidget();
+    auto& matrix = radioMatrices_[name];
+    if (matrix == nullptr) {
+      matrix = std::make_unique<QtRadioMatrix>(container, widgets_.cellsIn(container));
+    }
+  } else if (auto* box = dynamic_cast<TwoStateBox*>(made.widget)) {
+    checkBoxes_[name] = std::make_unique<QtCheckBox>(box);
+  } else if (auto* comboBox = qobject_cast<QComboBox*>(made.widget)) {
+    popUpButtons_[name] = std::make_unique<QtPopUpButton>(comboBox);
+  } else if (auto* field = qobject_cast<QLineEdit*>(made.widget)) {
+    textFields_[name] = std::make_unique<QtTextField>(field);
+  } else if (auto* tabs = qobject_cast<QTabWidget*>(made.widget)) {
+    tabViews_[name] = std::make_unique<QtTabView>(tabs);
+  }
+}
+
+bool QtInterface::bind(InterfaceOwner& owner) {
+  InterfaceBinder binder(owner);
+  bindOutlets(binder);
+  for (const InterfaceWidgets::Made& made : widgets_.made()) {
+    for (const InterfaceObject::Signal& signal : made.object->handlers)
+      bindAction(binder, made, signal.handler.toStdString());
+  }
+  if (binder.connect()) return true;
+  for (const std::string& name : binder.unknownNames())
+    g_message("The interface description names '%s', which its owner does not know", name.c_str());
+  return false;
+}
+
+void QtInterface::bindOutlets(InterfaceBinder& binder) {
+  binder.addView(outlet::pdeView, view_);
+  for (const auto& [name, tabs] : tabViews_)
+    binder.addOutlet<TabView>(name, *tabs);
+  for (const auto& [name, box] : checkBoxes_)
+    binder.addOutlet<CheckBox>(name, *box);
+  for (const auto& [name, matrix] : radioMatrices_)
+    binder.addOutlet<RadioMatrix>(name, *matrix);
+  for (const auto& [name, popUp] : popUpButtons_)
+    binder.addOutlet<PopUpButton>(name, *popUp);
+  for (const auto& [name, field] : textFields_)
+    binder.addOutlet<TextField>(name, *field);
+}
+
+void QtInterface::bindAction(InterfaceBinder& binder, const InterfaceWidgets::Made& made,
+                             std::string_view handler) {
+  const std::string name = outletOf(made);
+  if (const auto* cell = qobject_cast<QRadioButton*>(made.widget)) {
+    radioMatrix(name)->setAction(cell, binder.action<RadioMatrix&>(handler));
+  } else if (QtCheckBox* box = checkBox(name)) {
+    box->setAction(binder.action<CheckBox&>(handler));
+  } else if (QtTabView* tabs = tabView(name)) {
+    tabs->setAction(binder.action<>(handler));
+  } else {
+    g_message("The handler '%s' is on an object that sends no action",
+              std::string(handler).c_str());
+  }
+}
+
+template <class Function>
+void QtInterface::forEachControl(Function function) {
+  for (const auto& [name, box] : checkBoxes_)
+    function(name, *box);
+  for (const auto& [name, matrix] : radioMatrices_)
+    function(name, *matrix);
+  for (const auto& [name, popUp] : popUpButtons_)
+    function(name, *popUp);
+  for (const auto& [name, field] : textFields_)
+    function(name, *field);
+}
+
+void QtInterface::setUserChanged(const std::function<void()>& changed) {
+  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+}
+
+void QtInterface::setTooltip(std::string_view name, const std::string& text) {
+  // What looks like markup would be taken for it.
+  const QString tip = shownText(text).toHtmlEscaped().replace('\n', "<br>");
+  forEachControl([&](const std::string& known, auto& control) {
+    if (known == name) control.widget()->setToolTip(tip.isEmpty() ? tip : "<p>" + tip + "</p>");
+  });
+}
+
+QtCheckBox* QtInterface::checkBox(std::string_view name) {
+  return find(checkBoxes_, name);
+}
+
+QtRadioMatrix* QtInterface::radioMatrix(std::string_view name) {
+  return find(radioMatrices_, name);
+}
+
+QtPopUpButton* QtInterface::popUpButton(std::string_view name) {
+  return find(popUpButtons_, name);
+}
+
+QtTextField* QtInterface::textField(std::string_view name) {
+  return find(textFields_, name);
+}
+
+QtTabView* QtInterface::tabView(std::string_view name) {
+  return find(tabViews_, name);
+}
+
+}  // namespace publishing

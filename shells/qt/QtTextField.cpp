@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/qt/QtTextField.h"
+
+#include <utility>
+
+#include "shells/qt/QtText.h"
+
+namespace publishing {
+
+QtTextField::QtTextField(QLineEdit* field) : QtControl(field), field_(field) {
+  QObject::connect(field, &QLineEdit::textEdited, receiver(),
+                   [this](const QString& text) { guarded([&] { edited(text); }); });
+  // Comes after "textEdited".
+  QObject::connect(field, &QLineEdit::cursorPositionChanged, receiver(),
+                   [this](int, int now) { cursorBefore_ = now; });
+}
+
+std::optional<std::string> QtTextField::stringValue() const {
+  const QString shown = field_->text();
+  return shown == shownValue_ ? value_ : shown.toStdString();
+}
+
+void QtTextField::setStringValue(const std::string& value) {
+  const QString text = shownText(value);
+  if (text != field_->text()) field_->setText(text);
+  value_ = value;
+  shownValue_ = before_ = field_->text();
+}
+
+void QtTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
+  formatter_ = std::move(formatter);
+}
+
+void QtTextField::edited(const QString& text) {
+  if (formatter_ != nullptr) {
+    const std::string partial = text.toStdString();
+    std::string corrected = partial;
+    if (!formatter_->isPartialStringValid(partial, corrected)) return show(before_, cursorBefore_);
+    if (corrected != partial) {
+      const QString correctedText = shownText(corrected);
+      show(correctedText, static_cast<int>(correctedText.size()));
+    }
+  }
+  before_ = field_->text();
+  tellUserChanged();
+}
+
+void QtTextField::show(const QString& text, int cursor) {
+  field_->setText(text);
+  field_->setCursorPosition(cursor);
+}
+
+}  // namespace publishing
