@@ -39,4 +39,9 @@ const char* translatedFormat(const char* english) {
   return *english == '\0' ? english : dgettext(kDomain, english);
 }
 
+const char* translatedPluralFormat(const char* english, const char* englishPlural,
+                                   std::int64_t count) {
+  return dngettext(kDomain, english, englishPlural, static_cast<unsigned long>(count));
+}
+
 }  // namespace publishing

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The texts of printing/ in the user's language (gettext, domain "publishing", the English text is
-// the key). xgettext's keywords are `translated` and, for texts that are translated later, N_.
+// the key). xgettext's keywords are `translated`, `translatedPlural` and, for
+// texts that are translated later, N_.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <type_traits>
 
@@ -23,10 +25,14 @@ std::string shown(const std::string& bytes);
 // The text as the catalogue has it; the English text when there is none.
 const char* translatedFormat(const char* english);
 
-// The text with its printf directives filled in: %s takes a std::string or a C string, %d an int.
-// Translators may change the order with %1$s.
+// The form of the text that the language has for `count`: the singular, the plural, or one of more
+// plurals. Without a catalogue the English one.
+const char* translatedPluralFormat(const char* english, const char* englishPlural,
+                                   std::int64_t count);
+
+// A printf format with its directives filled in: %s takes a std::string or a C string, %d an int.
 template <class... Arguments>
-std::string translated(const char* english, const Arguments&... arguments) {
+std::string filledIn(const char* format, const Arguments&... arguments) {
   const auto plain = [](const auto& argument) {
     if constexpr (std::is_same_v<std::remove_cvref_t<decltype(argument)>, std::string>) {
       return argument.c_str();
@@ -34,14 +40,28 @@ std::string translated(const char* english, const Arguments&... arguments) {
       return argument;
     }
   };
+  char* filled = g_strdup_printf(format, plain(arguments)...);
+  std::string text(filled);
+  g_free(filled);
+  return text;
+}
+
+// The text with its directives filled in. Translators may change the order with %1$s.
+template <class... Arguments>
+std::string translated(const char* english, const Arguments&... arguments) {
   if constexpr (sizeof...(arguments) == 0) {
     return translatedFormat(english);
   } else {
-    char* filled = g_strdup_printf(translatedFormat(english), plain(arguments)...);
-    std::string text(filled);
-    g_free(filled);
-    return text;
+    return filledIn(translatedFormat(english), arguments...);
   }
+}
+
+// The same of a text that has a plural. The count itself is an argument like others, if the text
+// shows it.
+template <class... Arguments>
+std::string translatedPlural(const char* english, const char* englishPlural, std::int64_t count,
+                             const Arguments&... arguments) {
+  return filledIn(translatedPluralFormat(english, englishPlural, count), arguments...);
 }
 
 }  // namespace publishing

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 #include "programs/filter/SheetCode.h"
 #include "sheets/SheetPlan.h"
 

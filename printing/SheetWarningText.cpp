@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "printing/SheetWarningText.h"
 
+#include <iterator>
+
 #include "base/Translation.h"
+#include "printing/PageListText.h"
 
 namespace publishing {
-namespace {
-
-// More page numbers than these do not help anybody.
-constexpr std::size_t kMostPages = 20;
-
-std::string listed(const std::vector<int>& pages) {
-  std::string text;
-  for (std::size_t i = 0; i < pages.size() && i < kMostPages; ++i)
-    text += (i == 0 ? "" : ", ") + std::to_string(pages[i]);
-  return pages.size() > kMostPages ? text + ", ..." : text;
-}
-
-}  // namespace
-
 std::string textOf(const SheetWarning& warning) {
   using Kind = SheetWarning::Kind;
   switch (warning.kind) {
@@ -46,11 +35,13 @@ std::string textOf(const SheetWarning& warning) {
     case Kind::UnreadablePages:
       return translated("No insert for \"%s\": that is no page number.", warning.text);
     case Kind::PageOnCover:
-      return translated("No insert for what is printed on a cover: page %s.",
-                        listed(warning.pages));
+      return translatedPlural("No insert for page %s: it is printed on a cover.",
+                              "No inserts for the pages %s: they are printed on covers.",
+                              std::ssize(warning.pages), pageListText(warning.pages));
     case Kind::PageBeyondEnd:
-      return translated("No insert for what is beyond the last page: page %s.",
-                        listed(warning.pages));
+      return translatedPlural("No insert for page %s: the last page comes before it.",
+                              "No inserts for the pages %s: the last page comes before them.",
+                              std::ssize(warning.pages), pageListText(warning.pages));
   }
   return {};
 }

@@ -12,6 +12,7 @@
 #include "Publishing/ppd/PPDFields.h"
 #include "printing/CupsHandles.h"
 #include "printing/ppd/DuplexOption.h"
+#include "printing/ppd/MarkedFacts.h"
 
 namespace publishing {
 namespace {
@@ -75,18 +76,7 @@ void FilterPPD::mark(const std::map<std::string, std::string>& options) {
 }
 
 PrinterFacts FilterPPD::facts() const {
-  PrinterFacts facts;
-  facts.canDuplex =
-      std::any_of(std::begin(kDuplexOptions), std::end(kDuplexOptions),
-                  [this](const char* option) { return ppdFindOption(ppd(), option) != nullptr; });
-  if (const auto sides = markedSidesOf(ppd())) facts.markedTwoSided = *sides != Sides::OneSided;
-  facts.markedOutputOrder = marked(kOutputOrder);
-  const char* order = attribute("PageStackOrder", marked("OutputBin"));
-  if (order == nullptr) order = attribute("DefaultOutputOrder", {});
-  if (order != nullptr) facts.defaultOutputOrder = order;
-  facts.markedCoverMediaType = marked(cCoverMediaType);
-  facts.markedPageMediaType = marked(cPageMediaType);
-  return facts;
+  return markedFacts(ppd());
 }
 
 MediumCode FilterPPD::medium(const std::string& option, const std::string& choice) const {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 #include "programs/filter/Files.h"
 #include "programs/filter/FilterJob.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 
 namespace publishing {
 

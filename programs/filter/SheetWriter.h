@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "printing/dsc/DscReader.h"
 #include "programs/filter/ByteSink.h"
-#include "programs/filter/DscReader.h"
 #include "programs/filter/SheetCode.h"
 #include "sheets/SheetPlanner.h"
 

@@ -11,14 +11,15 @@ LANGUAGES = (PO / "LINGUAS").read_text().split()
 
 
 def entries(text):
-    """The texts of a template or a catalogue and their translations, without the header."""
-    found, key, part = {}, None, None
+    """The texts of a template or a catalogue and their translations, without the header. A text that
+    has a plural stands for both; its translation is all forms, or none while one of them lacks."""
+    forms, key, part = {}, None, None
     for line in text.splitlines():
         if line.startswith("msgid "):
             part, key = "msgid", ""
-        elif line.startswith("msgstr "):
-            part = "msgstr"
-            found[key] = ""
+        elif line.startswith("msgstr"):
+            part = line.partition(" ")[0]
+            forms.setdefault(key, []).append("")
         elif not line.startswith('"'):
             part = None
         if part:
@@ -26,9 +27,9 @@ def entries(text):
             if part == "msgid":
                 key += value
             else:
-                found[key] += value
-    found.pop("", None)
-    return found
+                forms[key][-1] += value
+    forms.pop("", None)
+    return {key: "\n".join(parts) if all(parts) else "" for key, parts in forms.items()}
 
 
 def catalogue(language):

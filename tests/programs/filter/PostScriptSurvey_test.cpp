@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/programs/filter/Pieces.h"
+#include "tests/printing/dsc/Pieces.h"
 
 namespace publishing {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/programs/filter/Pieces.h"
+#include "tests/printing/dsc/Pieces.h"
 #include "tests/sheets/SheetText.h"
 
 namespace publishing {

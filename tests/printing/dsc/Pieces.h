@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 
 namespace publishing {
 

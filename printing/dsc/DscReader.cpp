@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/programs/filter/Pieces.h"
+#include "tests/printing/dsc/Pieces.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "programs/filter/DscReader.h"
+#include "printing/dsc/DscReader.h"
 
 #include <ostream>
 
 #include <gmock/gmock.h>
 
-#include "tests/programs/filter/Pieces.h"
+#include "tests/printing/dsc/Pieces.h"
 
 namespace publishing {
 namespace {
