@@ -109,10 +109,13 @@ MediumCode FilterPPD::medium(const std::string& option, const std::string& choic
   return medium;
 }
 
-std::optional<ChoiceCode> FilterPPD::duplex() const {
+std::optional<ChoiceCode> FilterPPD::duplex(bool twoSided) const {
   const ppd_choice_t* choice = markedDuplexChoice(ppd());
-  if (choice == nullptr || choice->code == nullptr || !isInSetup(*choice->option))
-    return std::nullopt;
+  if (choice == nullptr) return std::nullopt;
+  const std::string name = std::string(choice->option->keyword) + "." + choice->choice;
+  if (const char* own = attribute(kCode, name))
+    return ChoiceCode{choice->option->keyword, choice->choice, own, false};
+  if (!twoSided || choice->code == nullptr || !isInSetup(*choice->option)) return std::nullopt;
   return ChoiceCode{choice->option->keyword, choice->choice, choice->code};
 }
 

@@ -53,8 +53,10 @@ class FilterPPD {
   // medium of the body.
   [[nodiscard]] MediumCode medium(const std::string& option, const std::string& choice) const;
 
-  // The marked choice of the duplex option; nothing when it is not told in PostScript.
-  [[nodiscard]] std::optional<ChoiceCode> duplex() const;
+  // The marked choice of the duplex option, for a job of which CUPS's filters may have left it out;
+  // nothing when it is not told in PostScript, or in a one-sided job when the PPD keeps no code for
+  // it: some drivers print on both sides unless that is said.
+  [[nodiscard]] std::optional<ChoiceCode> duplex(bool twoSided) const;
 
   // Whether the printer collates copies by itself.
   [[nodiscard]] bool collates() const;

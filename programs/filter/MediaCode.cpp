@@ -63,7 +63,8 @@ end put
 )";
 
 // CUPS's filters print a job of one page on one side, whatever was asked for: `duplex` says it
-// again.
+// again. Code that the PPD keeps for changes between pages may take another tray than the driver
+// does by itself: all sheets of the body are to come from the same.
 std::string setup(const MediumCode& body, const std::optional<ChoiceCode>& duplex) {
   std::string nulls;
   if (!body.releaseTray) nulls += kTrayKeys;
@@ -76,7 +77,12 @@ std::string setup(const MediumCode& body, const std::optional<ChoiceCode>& duple
   code += "/nulls 10 dict def[" + nulls + "]{//nulls exch true put}forall\n";
   code += text.substr(place);
   code += "%%EndResource\n";
-  if (duplex) code += run("hold") + tried(*duplex) + run("resume");
+  std::string device;
+  if (duplex) device += tried(*duplex);
+  for (const ChoiceCode& choice : body.codes) {
+    if (!choice.isFeature) device += tried(choice);
+  }
+  if (!device.empty()) code += run("hold") + device + run("resume");
   return code + run("keep");
 }
 
@@ -131,7 +137,7 @@ std::string postScriptString(const std::string& text) {
 SheetCode sheetCode(const SheetOrder& order, const FilterPPD& ppd) {
   const MediumCode body = ppd.medium({}, {});
   SheetCode code;
-  code.setup = setup(body, order.twoSided ? ppd.duplex() : std::nullopt);
+  code.setup = setup(body, ppd.duplex(order.twoSided));
   code.media[{}] = codeOf(body);
   if (order.covers != Covers::None && !order.coverMedium.empty())
     code.media[order.coverMedium] = codeOf(ppd.medium(cCoverMediaType, order.coverMedium));

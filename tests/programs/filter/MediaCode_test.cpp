@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/filter/MediaCode.h"
 
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "tests/support/TemporaryFolder.h"
@@ -24,6 +26,18 @@ class MediaCode : public ::testing::Test {
     order.covers = Covers::Front;
     order.coverMedium = choice;
     return sheetCode(order, printer).media.at(choice);
+  }
+
+  // The code before the first page of a job with these options, whose body comes from Tray4.
+  std::string setupFor(std::map<std::string, std::string> options,
+                       const std::string& ppd = kSamplePPD) {
+    FilterPPD printer(folder_.file("printer.ppd", ppd));
+    options["InputSlot"] = "Tray4";
+    printer.mark(options);
+    SheetOrder order;
+    order.covers = Covers::Front;
+    order.twoSided = printer.facts().markedTwoSided.value_or(false);
+    return sheetCode(order, printer).setup;
   }
 
   // The sample PPD with more entries.
@@ -115,6 +129,22 @@ TEST_F(MediaCode, CodeThatThePPDKeepsForPagesComesFirst) {
   EXPECT_LT(body.find("no tray"), body.find("tray 4"));
   EXPECT_THAT(codeFor("Coated", ppd),
               AllOf(HasSubstr("[{\nno tray\n} stopped"), Not(HasSubstr("/MediaPosition"))));
+}
+
+// All sheets of the body come from the tray that they come back to after an insert.
+TEST_F(MediaCode, TheBodyStartsOnTheTrayOfTheCodeThatThePPDKeepsForPages) {
+  EXPECT_THAT(setupFor({}), Not(HasSubstr("setpagedevice\n} stopped")));
+  const std::string setup =
+      setupFor({}, with("*PublishingCode InputSlot.Tray4: \"<</Mine 4>>setpagedevice\"\n"));
+  EXPECT_THAT(setup, HasSubstr("[{\n<</Mine 4>>setpagedevice\n} stopped cleartomark\n"));
+  EXPECT_LT(setup.find("/Mine 4"), setup.find("PublishingMedia/keep"));
+}
+
+// Some drivers print on both sides by themselves.
+TEST_F(MediaCode, OneSidedPrintingIsSaidWhereThePPDKeepsCodeForIt) {
+  const std::string ppd = with("*PublishingCode Duplex.None: \"one side\"\n");
+  EXPECT_THAT(setupFor({{"sides", "one-sided"}}, ppd), HasSubstr("[{\none side\n} stopped"));
+  EXPECT_THAT(setupFor({{"sides", "two-sided-long-edge"}}, ppd), Not(HasSubstr("one side")));
 }
 
 TEST_F(MediaCode, FoomaticsPostScriptPrintersHaveTheirChoicesCode) {
