@@ -120,6 +120,16 @@ std::optional<PrinterVerdict> verdictOnDevices(const std::set<std::string>& devi
   return std::nullopt;
 }
 
+constexpr const char* kOneSided = "<</Duplex false>>setpagedevice";
+
+// Ghostscript's devices ljet3d and ljet4d print on both sides unless they are told otherwise, which
+// these drivers do not. They would take the page after a cover for its back, on the cover's paper.
+bool printsOnBothSides(const FoomaticDriver& driver) {
+  const auto& devices = driver.devices();
+  return driver.setting("Duplex", "None") == "" &&
+         (devices.contains("ljet3d") || devices.contains("ljet4d"));
+}
+
 PrinterVerdict ofGhostscript(const PPDMedia& media, const FoomaticDriver& driver) {
   const Kind kind = Kind::FoomaticGhostscript;
   if (auto result = verdictOnDevices(driver.devices())) return *result;
@@ -146,6 +156,7 @@ PrinterVerdict ofGhostscript(const PPDMedia& media, const FoomaticDriver& driver
   if (different.size() < 2) return noChoice(kind);
   result.codes.emplace_back(std::string("Release.") + cInputSlot, codeOfDefaultTray());
   result.codes.emplace_back(std::string("Release.") + kTypeOption, "");
+  if (printsOnBothSides(driver)) result.codes.emplace_back("Duplex.None", kOneSided);
   return result;
 }
 

@@ -9,9 +9,11 @@
 namespace publishing {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using ::testing::Pair;
 
 using Kind = PrinterKind;
@@ -62,6 +64,22 @@ TEST(PrinterKind, DevicesOfGhostscriptThatSwitchTraysCanHaveCovers) {
                             Pair("Release.InputSlot", "<</MediaPosition 1>>setpagedevice"),
                             Pair("Release.MediaType", "")));
   }
+}
+
+TEST(PrinterKind, DevicesThatPrintOnBothSidesByThemselvesAreToldToPrintOnOne) {
+  const std::string duplex =
+      "*OpenUI *Duplex/Duplex: PickOne\n*FoomaticRIPOption Duplex: enum CmdLine A\n"
+      "*DefaultDuplex: None\n"
+      "*Duplex DuplexNoTumble/On: \"%% FoomaticRIPOptionSetting: Duplex=DuplexNoTumble\"\n"
+      "*FoomaticRIPOptionSetting Duplex=DuplexNoTumble: \" -dDuplex\"\n"
+      "*Duplex None/Off: \"%% FoomaticRIPOptionSetting: Duplex=None\"\n"
+      "*FoomaticRIPOptionSetting Duplex=None: \"\"\n*CloseUI: *Duplex\n";
+  const auto oneSided = Pair("Duplex.None", "<</Duplex false>>setpagedevice");
+  for (const char* device : {"ljet3d", "ljet4d"}) {
+    EXPECT_THAT(verdictIn(ghostscriptPPD(device) + duplex).codes, Contains(oneSided)) << device;
+    EXPECT_THAT(verdictIn(ghostscriptPPD(device)).codes, Not(Contains(oneSided))) << device;
+  }
+  EXPECT_THAT(verdictIn(ghostscriptPPD("ljet4") + duplex).codes, Not(Contains(oneSided)));
 }
 
 TEST(PrinterKind, AllOtherDriversAreRefusedWithTheirReason) {
