@@ -10,6 +10,9 @@ import time
 
 import gi
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "../cups"))
+import print_server  # noqa: E402
+
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
@@ -212,38 +215,15 @@ class Program(User):
                 and not any(words in line for words in NOT_OURS)]
 
 
-class PrintServer:
-    """A print server of the test's own with the queue Office; CUPS_SERVER names it."""
+class PrintServer(print_server.PrintServer):
+    """A print server of the test's own with the queue Office."""
 
     def __init__(self, project, folder):
-        self.tool = os.path.join(project, "tests/cups/private-cups")
+        super().__init__(folder)
         self.ppd = os.path.join(project, "tests/data/zephrel-ps-9000.ppd")
-        self.folder = folder
-        lines = subprocess.run([self.tool, "start", folder], check=True, text=True,
-                               stdout=subprocess.PIPE).stdout.splitlines()
-        settings = dict(line.removeprefix("export ").split("=", 1) for line in lines if "=" in line)
-        os.environ["CUPS_SERVER"] = settings["CUPS_SERVER"].strip("'\"")
         self.add_queue("Office", self.ppd)
-
-    def add_queue(self, name, ppd):
-        subprocess.run([self.tool, "add-queue", self.folder, name, ppd], check=True)
-
-    def stop(self):
-        subprocess.run([self.tool, "stop", self.folder], check=False)
-
-    def jobs(self):
-        out = os.path.join(self.folder, "out")
-        return sorted((name for name in os.listdir(out) if name.startswith("job-")),
-                      key=lambda name: int(name.removeprefix("job-")))
 
     def job(self, number):
         """The folder of the job that arrived as the number-th, from 1."""
         return wait_for(f"job {number} at the printer",
                         lambda: self.jobs()[number - 1:number])[0]
-
-    def received(self, job, file):
-        with open(os.path.join(self.folder, "out", job, file), "rb") as data:
-            return data.read()
-
-    def options(self, job):
-        return self.received(job, "options").decode().split()

@@ -47,7 +47,7 @@ def languages(stream):
             if variable := re.match(r"@PJL\s+SET\s+(\w+)\s*=\s*(\S+)", words, re.IGNORECASE):
                 settings[variable[1].upper()] = variable[2].strip('"').upper()
             elif entered := re.match(r"@PJL\s+ENTER\s+LANGUAGE\s*=\s*(\w+)", words, re.IGNORECASE):
-                language = entered[1].upper()
+                language = "PCLXL" if entered[1].upper() == "PCLXL" else "PCL"  # or PCL3GUI
             elif re.match(r"@PJL\s+(JOB|EOJ|RESET)\b", words, re.IGNORECASE):
                 settings = {}
         if data.strip(b"\0\r\n\t "):
