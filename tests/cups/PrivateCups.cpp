@@ -35,7 +35,7 @@ std::string PrivateCups::run(const std::string& arguments) const {
 void PrivateCups::SetUp() {
   folder_ = std::make_unique<TemporaryFolder>();
   std::filesystem::permissions(folder_->path(), std::filesystem::perms(0755));
-  const std::string said = run("start " + *folder_ / "cups");
+  const std::string said = run("start " + *folder_ / "cups" + " " + build_);
   const std::string key = "CUPS_SERVER=";
   ASSERT_EQ(said.rfind(key, 0), 0u) << said;
   server_ = said.substr(key.size(), said.find('\n') - key.size());

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +17,11 @@ namespace publishing {
 // namespace-scope variable: ::testing::AddGlobalTestEnvironment(new PrivateCups).
 class PrivateCups : public ::testing::Environment {
  public:
+  PrivateCups() = default;
+
+  // A server with the filter for covers and inserts that is in the folder of that build.
+  explicit PrivateCups(std::string build) : build_(std::move(build)) {}
+
   // The server of this program; it must be running.
   static PrivateCups& instance();
 
@@ -43,6 +49,7 @@ class PrivateCups : public ::testing::Environment {
  private:
   [[nodiscard]] std::string run(const std::string& arguments) const;
 
+  std::string build_;
   std::unique_ptr<TemporaryFolder> folder_;
   std::string server_;
 };
