@@ -194,7 +194,7 @@ void readInserts(SheetOrder& order, const Options& options, const PrinterFacts& 
   order.insertMedium = mediumIn(choice);
 }
 
-bool isCollated(const Options& options) {
+bool asksToCollate(const Options& options) {
   if (isAnyOf(valueOf(options, "Collate"), {"true", "yes", "on"})) return true;
   if (const std::string* handling = find(options, "multiple-document-handling"))
     return !same(*handling, "separate-documents-uncollated-copies");
@@ -223,7 +223,8 @@ SheetOrder readSheetOrder(const Options& options, const PrinterFacts& printer) {
   SheetOrder order;
   order.twoSided = isTwoSided(options, printer);
   order.copies = std::max(1, numberIn(valueOf(options, "copies")).value_or(1));
-  order.collated = isCollated(options);
+  order.collated =
+      asksToCollate(options) || printer.markedCollate || order.copies > printer.mostCopies;
 
   const bool covers = isOn(options, kCoverModeState);
   const bool inserts = isOn(options, kPageinsertState);

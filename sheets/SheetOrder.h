@@ -25,6 +25,10 @@ struct PrinterFacts {
   // They count when the job's options name no choice.
   std::string markedCoverMediaType = {};
   std::string markedPageMediaType = {};
+  // Whether the printer collates copies by itself, and how many it can make of a sheet. More than
+  // those are made as whole sets, one after the other.
+  bool markedCollate = false;
+  int mostCopies = 9999;
 };
 
 enum class Covers { None, Front, FrontAndBack };

@@ -26,10 +26,6 @@ constexpr const char* kKind = "PublishingKind";
 constexpr std::string_view kTrayPrefix = "Slot.";
 constexpr std::string_view kTypePrefix = "Type.";
 
-bool isTrue(std::string_view value) {
-  return value == "True" || value == "true" || value == "Yes" || value == "On";
-}
-
 std::span<const ppd_choice_t> listOf(const ppd_option_t* option) {
   if (option == nullptr) return {};
   return {option->choices, static_cast<std::size_t>(option->num_choices)};
@@ -119,19 +115,9 @@ std::optional<ChoiceCode> FilterPPD::duplex(bool twoSided) const {
   return ChoiceCode{choice->option->keyword, choice->choice, choice->code};
 }
 
-bool FilterPPD::collates() const {
-  return isTrue(marked("Collate"));
-}
-
-int FilterPPD::mostCopies() const {
-  const char* most = attribute("cupsMaxCopies", {});
-  if (most != nullptr) return std::max(std::atoi(most), 1);
-  return ppd()->manual_copies != 0 ? 1 : 9999;
-}
-
 bool FilterPPD::evenDuplex() const {
   const char* value = attribute("cupsEvenDuplex", {});
-  return value != nullptr && isTrue(value);
+  return value != nullptr && meansYes(value);
 }
 
 // pstops counts for printers without a filter of their own, foomatic-rip has pdftopdf count, raster
@@ -167,7 +153,7 @@ std::optional<ChoiceCode> FilterPPD::code(const char* option, const std::string&
 std::optional<ChoiceCode> FilterPPD::pageRegion(const std::string& tray) const {
   const char* required = tray.empty() ? nullptr : attribute("RequiresPageRegion", tray);
   if (required == nullptr) required = attribute("RequiresPageRegion", "All");
-  if (required == nullptr || !isTrue(required)) return std::nullopt;
+  if (required == nullptr || !meansYes(required)) return std::nullopt;
   const ppd_size_t* size = ppdPageSize(ppd(), nullptr);
   return size == nullptr ? std::nullopt : code(kRegionOption, std::string(boundedView(size->name)));
 }

@@ -58,12 +58,6 @@ class FilterPPD {
   // it: some drivers print on both sides unless that is said.
   [[nodiscard]] std::optional<ChoiceCode> duplex(bool twoSided) const;
 
-  // Whether the printer collates copies by itself.
-  [[nodiscard]] bool collates() const;
-
-  // How many uncollated copies the printer can make of a job.
-  [[nodiscard]] int mostCopies() const;
-
   // Whether CUPS's filters add a page to a two-sided job so that their number is even.
   [[nodiscard]] bool evenDuplex() const;
 

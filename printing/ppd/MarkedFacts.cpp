@@ -2,8 +2,10 @@
 #include "printing/ppd/MarkedFacts.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/ppd/PPDFields.h"
@@ -26,7 +28,17 @@ const char* attribute(ppd_file_t* ppd, const char* name, const std::string& spec
   return nullptr;
 }
 
+int mostCopies(ppd_file_t* ppd) {
+  const char* most = attribute(ppd, "cupsMaxCopies", {});
+  if (most != nullptr) return std::max(std::atoi(most), 1);
+  return ppd->manual_copies != 0 ? 1 : PrinterFacts{}.mostCopies;
+}
+
 }  // namespace
+
+bool meansYes(std::string_view value) {
+  return value == "True" || value == "true" || value == "Yes" || value == "On";
+}
 
 PrinterFacts markedFacts(ppd_file_t* ppd) {
   PrinterFacts facts;
@@ -40,6 +52,8 @@ PrinterFacts markedFacts(ppd_file_t* ppd) {
   if (order != nullptr) facts.defaultOutputOrder = order;
   facts.markedCoverMediaType = marked(ppd, cCoverMediaType);
   facts.markedPageMediaType = marked(ppd, cPageMediaType);
+  facts.markedCollate = meansYes(marked(ppd, "Collate"));
+  facts.mostCopies = mostCopies(ppd);
   return facts;
 }
 

@@ -104,9 +104,7 @@ class SheetFilter {
   SheetOrder readOrder() const {
     std::map<std::string, std::string> options = plainMap(options_);
     options["copies"] = job_.copies;
-    SheetOrder order = readSheetOrder(options, ppd_->facts());
-    order.collated = order.collated || ppd_->collates() || order.copies > ppd_->mostCopies();
-    return order;
+    return readSheetOrder(options, ppd_->facts());
   }
 
   // As CUPS does it without this filter.

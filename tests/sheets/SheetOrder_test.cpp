@@ -360,5 +360,16 @@ TEST(SheetOrder, CopiesAreCollatedWhenTheJobSaysSo) {
   EXPECT_FALSE(orderOf({{"sheet-collate", "uncollated"}}).collated);
 }
 
+TEST(SheetOrder, CopiesAreCollatedWhenThePrinterDoesSoOrCannotMakeThatMany) {
+  const auto collated = [](const char* copies, const PrinterFacts& printer) {
+    return readSheetOrder({{"copies", copies}, {"Collate", "false"}}, printer).collated;
+  };
+  EXPECT_TRUE(collated("2", {.markedCollate = true}));
+  EXPECT_TRUE(collated("2", {.mostCopies = 1}));
+  EXPECT_TRUE(collated("100", {.mostCopies = 99}));
+  EXPECT_FALSE(collated("99", {.mostCopies = 99}));
+  EXPECT_FALSE(collated("2", {}));
+}
+
 }  // namespace
 }  // namespace publishing

@@ -171,6 +171,27 @@ TEST_F(MediaCode, FactsOfThePrinterAreThoseOfItsMarks) {
   EXPECT_EQ(facts.defaultOutputOrder, "Reverse");
   EXPECT_EQ(facts.markedCoverMediaType, "Tray3");
   EXPECT_EQ(facts.markedPageMediaType, "PrnDef");
+  EXPECT_FALSE(facts.markedCollate);
+}
+
+TEST_F(MediaCode, FactsOfThePrinterSayHowManyCopiesItMakes) {
+  const auto mostCopies = [&](const std::string& entry) {
+    return FilterPPD(folder_.file("printer.ppd", with(entry))).facts().mostCopies;
+  };
+  EXPECT_EQ(mostCopies(""), 9999);
+  EXPECT_EQ(mostCopies("*cupsManualCopies: True\n"), 1);
+  EXPECT_EQ(mostCopies("*cupsMaxCopies: 99\n"), 99);
+  EXPECT_EQ(mostCopies("*cupsManualCopies: True\n*cupsMaxCopies: none\n"), 1);
+}
+
+TEST_F(MediaCode, FactsOfThePrinterSayWhetherItCollates) {
+  FilterPPD printer(
+      folder_.file("printer.ppd", with("*OpenUI *Collate: Boolean\n"
+                                       "*DefaultCollate: False\n*Collate True: \"\"\n"
+                                       "*Collate False: \"\"\n*CloseUI: *Collate\n")));
+  EXPECT_FALSE(printer.facts().markedCollate);
+  printer.mark({{"Collate", "True"}});
+  EXPECT_TRUE(printer.facts().markedCollate);
 }
 
 TEST_F(MediaCode, APPDThatIsNoneIsRefusedWithItsLine) {
