@@ -6,7 +6,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <system_error>
 #include <thread>
 
 #include <fcntl.h>
@@ -89,10 +91,22 @@ std::vector<pid_t> presentChildren() {
 
 }  // namespace
 
+FilterPipeline::Scratch::Scratch() : path_(temporaryFolder() + "/publishingtops.XXXXXX") {
+  if (mkdtemp(path_.data()) == nullptr)
+    throw std::system_error(errno, std::generic_category(), temporaryFolder());
+}
+
+FilterPipeline::Scratch::~Scratch() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
 FilterPipeline::FilterPipeline(const std::vector<FilterCall>& calls, int input,
                                const std::vector<std::pair<std::string, std::string>>& changes) {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
-  std::vector<std::string> variables = environmentWith(changes);
+  auto additions = changes;
+  additions.emplace_back("TMPDIR", scratch_.path());
+  std::vector<std::string> variables = environmentWith(additions);
   std::vector<char*> environment = pointersTo(variables);
   const pid_t parent = getpid();
   for (const FilterCall& call : calls) {

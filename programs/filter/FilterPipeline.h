@@ -26,12 +26,12 @@ struct FilterCall {
 };
 
 // The filters write their messages to this process's standard error. However it ends, they end with
-// it: this object's end ends those that still run, and what they have started; when this process is
-// killed, the system does.
+// it: this object's end ends those that still run, and what they have started, and removes the
+// files that they left; when this process is killed, the system ends them.
 class FilterPipeline {
  public:
   // The first filter reads `input`, which stays the caller's. Variables are set in the filters'
-  // environment. Throws FilterFailure.
+  // environment. Throws FilterFailure, std::system_error.
   FilterPipeline(const std::vector<FilterCall>& calls, int input,
                  const std::vector<std::pair<std::string, std::string>>& environment = {});
   ~FilterPipeline();
@@ -50,8 +50,23 @@ class FilterPipeline {
     pid_t process;
   };
 
+  // A folder for the filters' temporary files, some of which they leave behind when they are ended.
+  class Scratch {
+   public:
+    Scratch();
+    ~Scratch();
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+   private:
+    std::string path_;
+  };
+
   void end();
 
+  Scratch scratch_;
   std::vector<Child> children_;
   FileDescriptor output_;
 };

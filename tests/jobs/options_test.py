@@ -1,17 +1,19 @@
 # SPDX-License-Identifier: Apache-2.0
 """Jobs whose options are unlike the ordinary ones, through a real print server."""
 
+import dataclasses
 import subprocess
 import unittest
 
 import documents
 from expected import BOTH, COVERS, INSERTS, Wish, parsed, plan
-from office import QUEUE, ZEPHREL, Case, OfficeTest, through_both_renderers
+from office import ANOTHER_RENDERER, QUEUE, ZEPHREL, Case, OfficeTest, through_both_renderers
 
 
 class Options(OfficeTest):
     def test_one_page(self):
-        self.check([Case("front", self.pdf(1), Wish(covers=1, cover_value=1), "C1|-"),
+        self.check([*through_both_renderers(
+                        Case("front", self.pdf(1), Wish(covers=1, cover_value=1), "C1|-")),
                     Case("no side", self.pdf(1), Wish(covers=1, cover_value=16), "C-|- B1|-"),
                     Case("one-sided", self.pdf(1), Wish(False, 1, 1), "C1"),
                     Case("PostScript", documents.postscript(1), Wish(covers=2, cover_value=9), "C1|- C-|-"),
@@ -26,22 +28,27 @@ class Options(OfficeTest):
                     Case("plain PostScript", documents.plain_postscript(10), BOTH,
                          "C3|- B4|5 I-|- B6|9", arguments=("-P", "3-6,9"))])
 
+    def every_kind(self, case):
+        """The case with PDF through both renderers, and with PostScript."""
+        return [*through_both_renderers(dataclasses.replace(case, document=self.pdf(5))),
+                dataclasses.replace(case, document=documents.postscript(5)),
+                dataclasses.replace(case, document=documents.plain_postscript(5))]
+
     def test_collated_copies(self):
-        for document in (self.pdf(5), documents.postscript(5), documents.plain_postscript(5)):
-            self.check([Case("collated", document, BOTH, "C1|- B2|3 I-|- B4|5", {"collate": "true"},
-                             copies=3),
-                        Case("an insert", document, INSERTS, "B1|2 I3|- B4|5",
-                             {"multiple-document-handling": "separate-documents-collated-copies"},
-                             copies=3)])
+        self.check(self.every_kind(Case("collated", None, BOTH, "C1|- B2|3 I-|- B4|5",
+                                        {"collate": "true"}, copies=3)))
+        self.check([Case("in words of IPP", documents.postscript(5), INSERTS, "B1|2 I3|- B4|5",
+                         {"multiple-document-handling": "separate-documents-collated-copies"},
+                         copies=3)])
 
     def test_uncollated_copies(self):
-        for document in (self.pdf(5), documents.postscript(5), documents.plain_postscript(5)):
-            self.check([Case("uncollated", document, BOTH, "C1|- B2|3 I-|- B4|5",
-                             {"collate": "false"}, copies=3)])
+        self.check(self.every_kind(Case("uncollated", None, BOTH, "C1|- B2|3 I-|- B4|5",
+                                        {"collate": "false"}, copies=3)))
 
     def test_several_documents(self):
-        self.check([Case("documents", [self.pdf(3), documents.postscript(2), self.pdf(4)], COVERS,
-                         "C1|- B2|- C-|3 C1|- C-|2 C1|- B2|3 C-|4")])
+        self.check(through_both_renderers(
+            Case("documents", [self.pdf(3), documents.postscript(2), self.pdf(4)], COVERS,
+                 "C1|- B2|- C-|3 C1|- C-|2 C1|- B2|3 C-|4")))
 
     def test_short_edge(self):
         job = self.office.send(QUEUE, self.pdf(4), COVERS.options() | {"sides": "two-sided-short-edge"})
@@ -50,10 +57,12 @@ class Options(OfficeTest):
                           for sheet in sheets], [(True, True)] * 3)
 
     def test_banners(self):
-        for wish, rest in ((COVERS, "C1|- B2|- C-|3"), (INSERTS, "B1|2 I3|-")):
-            job = self.office.send(QUEUE, self.pdf(3), wish.options() | {"job-sheets": "standard,standard"})
+        for wish, rest, renderer in ((COVERS, "C1|- B2|- C-|3", {}),
+                                     (INSERTS, "B1|2 I3|-", ANOTHER_RENDERER)):
+            banners = {"job-sheets": "standard,standard"}
+            job = self.office.send(QUEUE, self.pdf(3), wish.options() | banners | renderer)
             sheets = self.office.look(job).result()
-            with self.subTest(rest):
+            with self.subTest(f"{rest} {renderer}"):
                 for banner in (sheets[0], sheets[-1]):  # both sides have it, as without covers
                     self.assertIn("Job ID: Zephrel-", banner.front.text)
                     self.assertEqual(banner.back.text, banner.front.text)
@@ -100,7 +109,8 @@ class EvenDuplex(OfficeTest):
         ppd = self.office.folder / "even.ppd"
         ppd.write_text(ZEPHREL.read_text().replace("*PCFileName", "*cupsEvenDuplex: True\n*PCFileName", 1))
         self.office.add_queue("Even", ppd)
-        self.check([Case("covers", self.pdf(5), COVERS, "C1|- B2|3 B4|- C-|5", queue="Even"),
+        self.check([*through_both_renderers(
+                        Case("covers", self.pdf(5), COVERS, "C1|- B2|3 B4|- C-|5", queue="Even")),
                     Case("inserts", documents.postscript(5), INSERTS, "B1|2 I3|- B4|5", queue="Even"),
                     Case("one page", documents.postscript(1), Wish(covers=1, cover_value=1), "C1|-",
                          queue="Even")])

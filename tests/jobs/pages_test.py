@@ -37,14 +37,16 @@ class Pages(OfficeTest):
                          "B1|2 I3|- B4|5")])
 
     def test_pictures_and_text(self):
-        self.check([Case("picture", documents.png(200, 150), COVERS, "C?|- C-|-"),
-                    Case("text", documents.text(200), COVERS, "C?|- B?|- C-|?"),
-                    Case("text, inserts", documents.text(200), INSERTS, "B?|? I?|-")],
-                   pattern=NO_NUMBER)
+        self.check(through_both_renderers(
+            Case("picture", documents.png(200, 150), COVERS, "C?|- C-|-"),
+            Case("text", documents.text(200), COVERS, "C?|- B?|- C-|?"),
+            Case("text, inserts", documents.text(200), INSERTS, "B?|? I?|-")), pattern=NO_NUMBER)
 
     def test_page_label(self):
-        for document in (self.pdf(4), documents.postscript(4)):
-            job = self.office.send(QUEUE, document, COVERS.options() | {"page-label": "Secret"})
+        for document, renderer in ((self.pdf(4), {}), (self.pdf(4), ANOTHER_RENDERER),
+                                   (documents.postscript(4), {})):
+            job = self.office.send(QUEUE, document,
+                                   COVERS.options() | {"page-label": "Secret"} | renderer)
             sheets = self.office.look(job).result()
             sides = [side for sheet in sheets for side in (sheet.front, sheet.back)]
             self.assertEqual([side.blank for side in sides], [False, True, False, False, True, False])

@@ -127,6 +127,16 @@ TEST_F(FilterFaults, ACancelledJobLeavesNoProcessBehind) {
   }
 }
 
+TEST_F(FilterFaults, ACancelledJobLeavesNoFileOfItsFiltersBehind) {
+  (void)document(3);
+  cupsFilter("pstops",
+             "mkdir $TMPDIR/folder; echo left >$TMPDIR/folder/file; " + std::string(kHanging));
+  const Outcome outcome = shell(std::string(kStart) +
+                                "find temporary -name file | wc -l; kill -TERM $filter; "
+                                "wait $filter; find temporary -name file | wc -l");
+  EXPECT_EQ(outcome.output, "1\n0\n");
+}
+
 // Processes of others are ended by the system then, in their own time.
 TEST_F(FilterFaults, AKilledFilterTakesItsFiltersWithIt) {
   (void)document(3);
@@ -136,6 +146,7 @@ TEST_F(FilterFaults, AKilledFilterTakesItsFiltersWithIt) {
             "kill -KILL $filter; wait $filter; for try in {1..1000}; do\n"
             "kill -0 $(<hanging) 2>/dev/null || { echo gone; exit; }; sleep 0.01; done; echo left");
   EXPECT_THAT(outcome.output, HasSubstr("gone"));
+  (void)shell("rmdir temporary/publishingtops.*");  // nobody was left to do that
 }
 
 // The one that does not read any more has its own reason, which is not to be covered.
