@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sheets/SheetPictureSVG.h"
 
+#include <cctype>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
 #include <glib.h>
 #include <gmock/gmock.h>
 
+#include "tests/sheets/SheetExamples.h"
 #include "tests/sheets/SheetText.h"
 
 namespace publishing {
@@ -84,6 +90,36 @@ TEST(SheetPictureSVG, SoundTextsStayAsTheyAre) {
   EXPECT_THAT(writePictureSVG(picture({.title = text}), text),
               AllOf(HasSubstr("<title>" + text + "</title>"), HasSubstr(">" + text + "</text>")));
 }
+
+// The pictures of docs/sheets.md. The target update-picture-golden writes them anew.
+
+// "front-outside" of "FrontOutside".
+std::string fileNameOf(const std::string& name) {
+  std::string file;
+  for (const char letter : name) {
+    const auto byte = static_cast<unsigned char>(letter);
+    if (std::isupper(byte) != 0 && !file.empty()) file += '-';
+    file += static_cast<char>(std::tolower(byte));
+  }
+  return file;
+}
+
+class SheetPictureGoldenSVG : public ::testing::TestWithParam<SheetExample> {};
+
+TEST_P(SheetPictureGoldenSVG, IsThePictureInTheDocuments) {
+  const SheetExample& example = GetParam();
+  const PictureOptions options = {.mostRows = 1, .hasLegend = false};
+  const std::string svg = writePictureSVG(
+      pictureOf(planSheets(orderOf(example.options), example.pages), options), example.sheets);
+  const std::string path =
+      TEST_DATA "/../../docs/pictures/sheets-" + fileNameOf(example.name) + ".svg";
+  if (std::getenv("UPDATE_GOLDEN") != nullptr) std::ofstream(path) << svg;
+  std::ifstream file(path);
+  EXPECT_EQ(svg, std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, SheetPictureGoldenSVG, ::testing::ValuesIn(sheetExamples()),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 }  // namespace
 }  // namespace publishing
