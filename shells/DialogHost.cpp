@@ -66,9 +66,9 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
     return;
   }
   if (!HostedPanel::suits(*printer)) {
-    leavePanel(translated("The printer %s does not offer covers and inserts. They need a Zephrel "
-                          "PostScript printer with its own driver.",
-                          printer->name()),
+    leavePanel(translated("The driver of the printer %s does not make covers and inserts. On many "
+                          "printers an administrator can add them: publishing printer enable -d %s",
+                          printer->name(), printer->name()),
                ToolkitDialog::Waiting::NoPanel);
     return;
   }

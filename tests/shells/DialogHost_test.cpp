@@ -51,6 +51,10 @@ TEST_F(DialogHostTest, TabSaysWhyThereIsNoPanel) {
   EXPECT_THAT(dialog.message(), HasSubstr("print to a file"));
   dialog.selectPrinter(folder / "missing.ppd");
   EXPECT_THAT(dialog.message(), HasSubstr("missing.ppd"));
+  const std::string plain =
+      folder.file("Plain.ppd", "*PPD-Adobe: \"4.3\"\n*ModelName: \"Plain\"\n");
+  dialog.selectPrinter(plain);
+  EXPECT_THAT(dialog.message(), HasSubstr("publishing printer enable -d " + plain));
   dialog.answersAtOnce = false;
   dialog.selectPrinter(office);
   EXPECT_THAT(dialog.message(), HasSubstr("Asking the printer"));
