@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace publishing {
 
@@ -10,6 +12,10 @@ struct PageListAlert {
   const char* title;
   const char* message;
 };
+
+// The alert for a list that is not even parsed: nothing was typed, or it begins with something else
+// than a page.
+std::optional<PageListAlert> alertForPageText(const std::optional<std::string>& list);
 
 // The alert for a result other than 0. `duplex` and `coverMode` are what the parser was given: they
 // decide which lowest page the message names. It names 3 for two-sided jobs only, although the

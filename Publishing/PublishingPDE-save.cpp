@@ -4,7 +4,6 @@
 #include <iterator>
 #include <vector>
 
-#include "Publishing/NSStringMyExtension.h"
 #include "Publishing/PageListAlert.h"
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/PublishingPDE.h"
@@ -15,10 +14,6 @@
 
 namespace publishing {
 namespace {
-
-bool beginsWithDigit(const std::string& text) {
-  return !text.empty() && text.front() >= '0' && text.front() <= '9';
-}
 
 // The stored form of a page list, with a comma after every page: "3,5,9,".
 std::string joined(const std::vector<std::int32_t>& pages) {
@@ -66,10 +61,8 @@ bool PublishingPDE::savePageInsert(ppd_file_t* ppd) {
     return true;
   }
   bool accepted = false;
-  if (state_.pageNumValue && checkFor(*state_.pageNumValue, kCheckEmpty)) {
-    runAlert(kNumError, kEnterNum);
-  } else if (!state_.pageNumValue || !beginsWithDigit(*state_.pageNumValue)) {
-    runAlert(kNumError, kEnterNum2);
+  if (const auto alert = alertForPageText(state_.pageNumValue)) {
+    runAlert(alert->title, alert->message);
   } else {
     accepted = savePageNumbers();
     if (!accepted) return false;

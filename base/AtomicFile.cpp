@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 #include <fcntl.h>
@@ -14,53 +13,16 @@
 namespace publishing {
 namespace {
 
+constexpr const char* kEnding = ".XXXXXX";  // GLib makes six random characters of it
+
 void check(bool done) {
   if (!done) throw std::system_error(errno, std::generic_category());
 }
 
-// A file beside the one that it is to replace; removed again unless it did.
-class Replacement {
- public:
-  explicit Replacement(const std::string& path) : name_(path + ".XXXXXX") {
-    descriptor_ = g_mkstemp_full(name_.data(), O_WRONLY | O_CLOEXEC, 0644);
-    check(descriptor_ >= 0);
-  }
-  ~Replacement() {
-    close(descriptor_);
-    if (!name_.empty()) unlink(name_.c_str());
-  }
-  Replacement(const Replacement&) = delete;
-  Replacement& operator=(const Replacement&) = delete;
-
-  void takeModeAndOwnerOf(const std::string& path) const {
-    struct stat given {};
-    if (stat(path.c_str(), &given) != 0) return;
-    struct stat own {};
-    check(fstat(descriptor_, &own) == 0);
-    if (own.st_uid != given.st_uid || own.st_gid != given.st_gid) {
-      check(fchown(descriptor_, given.st_uid, given.st_gid) == 0);
-    }
-    check(fchmod(descriptor_, given.st_mode & ALLPERMS) == 0);
-  }
-
-  void write(std::string_view text) const {
-    while (!text.empty()) {
-      const ssize_t written = ::write(descriptor_, text.data(), text.size());
-      check(written >= 0 || errno == EINTR);
-      if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    check(fsync(descriptor_) == 0);
-  }
-
-  void replace(const std::string& path) {
-    check(rename(name_.c_str(), path.c_str()) == 0);
-    name_.clear();
-  }
-
- private:
-  std::string name_;
-  int descriptor_ = -1;
-};
+std::string folderOf(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path();
+  return folder.empty() ? "." : folder;
+}
 
 // The new name is to survive a crash too. Some file systems cannot do that; the file is sound then.
 void syncFolder(const std::string& folder) {
@@ -72,12 +34,65 @@ void syncFolder(const std::string& folder) {
 
 }  // namespace
 
+AtomicFile::AtomicFile(const std::string& path, mode_t mode) : path_(path) {
+  descriptor_ = open(folderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+  if (descriptor_ >= 0) return;
+  check(errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL);
+  name_ = path + kEnding;
+  descriptor_ = g_mkstemp_full(name_.data(), O_WRONLY | O_CLOEXEC, static_cast<int>(mode));
+  check(descriptor_ >= 0);
+}
+
+AtomicFile::~AtomicFile() {
+  close(descriptor_);
+  if (!name_.empty()) unlink(name_.c_str());
+}
+
+void AtomicFile::takeModeAndOwner() const {
+  struct stat given {};
+  if (stat(path_.c_str(), &given) != 0) return;
+  struct stat own {};
+  check(fstat(descriptor_, &own) == 0);
+  if (own.st_uid != given.st_uid || own.st_gid != given.st_gid) {
+    check(fchown(descriptor_, given.st_uid, given.st_gid) == 0);
+  }
+  check(fchmod(descriptor_, given.st_mode & ALLPERMS) == 0);
+}
+
+void AtomicFile::write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+    check(written >= 0 || errno == EINTR);
+    if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+// A nameless file can only get a name that is free, so it is renamed afterwards.
+void AtomicFile::giveName() {
+  const std::string self = "/proc/self/fd/" + std::to_string(descriptor_);
+  do {
+    std::string name = path_ + "." + std::to_string(g_random_int());
+    if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      name_ = std::move(name);
+    }
+  } while (name_.empty() && errno == EEXIST);
+  check(!name_.empty());
+}
+
+void AtomicFile::replace() {
+  check(fsync(descriptor_) == 0);
+  if (name_.empty()) giveName();
+  check(rename(name_.c_str(), path_.c_str()) == 0);
+  name_.clear();
+  syncFolder(folderOf(path_));
+}
+
 void replaceFile(const std::string& path, const std::string& text) {
-  Replacement replacement(path);
-  replacement.takeModeAndOwnerOf(path);
-  replacement.write(text);
-  replacement.replace(path);
-  syncFolder(std::filesystem::path(path).parent_path());
+  constexpr mode_t kNewFile = 0644;
+  AtomicFile file(path, kNewFile);
+  file.takeModeAndOwner();
+  file.write(text);
+  file.replace();
 }
 
 }  // namespace publishing

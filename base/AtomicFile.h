@@ -2,13 +2,43 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+#include <sys/types.h>
 
 namespace publishing {
 
-// Replaces the file by one with this text, as a whole: whoever reads it, at whatever moment and
-// also after a crash, finds the old or the new text. Mode and owner stay; a new file is made with
-// mode 0644 less the umask. `path` is no symbolic link and its folder is there. Throws
-// std::system_error; the old file then still stands.
+// A file in the making that is to stand under `path`: whoever opens that, at whatever moment and
+// also after a crash, finds the earlier file or the whole new one. It has no name until then, so a
+// process that is killed leaves nothing (but for file systems without nameless files, where one
+// beside `path` with a random ending stays). `path` is no symbolic link that is to be kept and its
+// folder is there. All throw std::system_error.
+class AtomicFile {
+ public:
+  // `mode` is less the umask.
+  explicit AtomicFile(const std::string& path, mode_t mode);
+  ~AtomicFile();
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
+
+  // Gives it the mode and the owner of the file that stands under `path`, if there is one.
+  void takeModeAndOwner() const;
+
+  void write(std::string_view bytes) const;
+
+  // Puts it in the place of the earlier file, safe on the disk.
+  void replace();
+
+ private:
+  void giveName();
+
+  std::string path_;
+  std::string name_;  // beside `path`; empty while it has none
+  int descriptor_ = -1;
+};
+
+// Replaces the file by one with this text. Mode and owner stay; a new file is made with mode 0644
+// less the umask. Throws std::system_error; the old file then still stands.
 void replaceFile(const std::string& path, const std::string& text);
 
 }  // namespace publishing

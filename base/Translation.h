@@ -10,6 +10,8 @@
 
 #include <glib.h>
 
+#include "base/ShownText.h"
+
 #define N_(english) english
 
 namespace publishing {
@@ -19,14 +21,16 @@ namespace publishing {
 // is its own business.
 void bindTranslations();
 
-// Any bytes, made fit to be shown inside a message: valid UTF-8 in one line, cut when very long.
-std::string shown(const std::string& bytes);
-
 // The text as the catalogue has it; the English text when there is none.
 const char* translatedFormat(const char* english);
 
-// The form of the text that the language has for `count`: the singular, the plural, or one of more
-// plurals. Without a catalogue the English one.
+// The same for a printf format, whose arguments are those of the English one: a translation with
+// other directives would read them as what they are not, and is not taken.
+const char* translatedDirectives(const char* english);
+
+// The form of the format that the language has for `count`: the singular, the plural, or one of
+// more plurals. It has the directives of the English singular or plural. Without a catalogue the
+// English one.
 const char* translatedPluralFormat(const char* english, const char* englishPlural,
                                    std::int64_t count);
 
@@ -52,7 +56,7 @@ std::string translated(const char* english, const Arguments&... arguments) {
   if constexpr (sizeof...(arguments) == 0) {
     return translatedFormat(english);
   } else {
-    return filledIn(translatedFormat(english), arguments...);
+    return filledIn(translatedDirectives(english), arguments...);
   }
 }
 

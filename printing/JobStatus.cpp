@@ -54,15 +54,19 @@ IppHandle askAttributes(http_t* http, int job) {
   return IppHandle(cupsDoRequest(http, request, "/jobs/"));
 }
 
-JobStatus statusFrom(ipp_t* response, int job) {
+PrintError noState(int job, const std::string& reason) {
+  return PrintError::trouble(translated(
+      "The print server %s does not report the state of job %d: %s", serverName(), job, reason));
+}
+
+// Nothing when the server does not know the job.
+std::optional<JobStatus> statusFrom(ipp_t* response, int job) {
   JobStatus status;
   status.job = job;
+  if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return std::nullopt;
+  if (cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) throw noState(job, serverReason());
   ipp_attribute_t* state = ippFindAttribute(response, "job-state", IPP_TAG_ENUM);
-  if (state == nullptr || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
-    throw PrintError::trouble(
-        translated("The print server %s does not report the state of job %d: %s", serverName(), job,
-                   cupsLastErrorString()));
-  }
+  if (state == nullptr) throw noState(job, translated("its answer names none."));
   status.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));
   ipp_attribute_t* reasons = ippFindAttribute(response, "job-state-reasons", IPP_TAG_KEYWORD);
   for (int i = 0; i < ippGetCount(reasons); ++i) {
@@ -75,9 +79,23 @@ JobStatus statusFrom(ipp_t* response, int job) {
   return status;
 }
 
+// Whether to go on afterwards.
+bool pauseFor(milliseconds length, const std::function<bool()>& goesOn) {
+  for (milliseconds slice; length > milliseconds(0); length -= slice) {
+    if (goesOn && !goesOn()) return false;
+    slice = std::min(length, kFirstPause);
+    std::this_thread::sleep_for(slice);
+  }
+  return !goesOn || goesOn();
+}
+
 }  // namespace
 
 std::string JobStatus::text() const {
+  if (isForgotten) {
+    return translated("Job %d has left the print server, which keeps no record of how jobs end.",
+                      job);
+  }
   std::string line = translated(wordsFor(state), job);
   std::string details;
   if (!isCompleted()) {
@@ -90,20 +108,26 @@ std::string JobStatus::text() const {
 
 JobStatus askJobStatus(int job) {
   const HttpHandle http = connectToServer();
-  return statusFrom(askAttributes(http.get(), job).get(), job);
+  const auto status = statusFrom(askAttributes(http.get(), job).get(), job);
+  if (!status) throw noState(job, translated("it knows no such job."));
+  return *status;
 }
 
 // The server has no call that waits for a job, so it is asked again and again, less often with
 // time.
-JobStatus followJob(int job, const std::function<bool(const JobStatus&)>& changed) {
+JobStatus followJob(int job, const JobFollower& follower) {
   std::optional<JobStatus> last;
   const HttpHandle http = connectToServer();
   for (milliseconds pause = kFirstPause;; pause = std::min(pause * 3 / 2, kLongestPause)) {
-    JobStatus status = statusFrom(askAttributes(http.get(), job).get(), job);
-    const bool goOn = status == last || !changed || changed(status);
-    if (status.isOver() || !goOn) return status;
+    auto status = statusFrom(askAttributes(http.get(), job).get(), job);
+    if (!status) {
+      status = last.value_or(JobStatus());
+      status->job = job;
+      status->isForgotten = true;
+    }
+    if (status != last && follower.changed) follower.changed(*status);
+    if (status->isOver() || !pauseFor(pause, follower.goesOn)) return *status;
     last = std::move(status);
-    std::this_thread::sleep_for(pause);
   }
 }
 

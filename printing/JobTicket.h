@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "Publishing/platform/PrintSettings.h"
@@ -33,6 +34,10 @@ class JobTicket final : public PrintSettings {
   // Told from "sides"; one-sided without it, nothing when its value is no keyword of sides.
   [[nodiscard]] std::optional<std::int32_t> getDuplex() const override;
 
+  // An option that is on or off: to the filters it is "name" or "noname", which also marks a PPD's
+  // choice True or False. setValue() makes it an option with a value again.
+  void setSwitch(const std::string& name, bool on);
+
   void setSides(Sides sides);
 
   // Whether CUPS can put that many document pages on one side of a sheet: 1, 2, 4, 6, 9 or 16.
@@ -42,10 +47,15 @@ class JobTicket final : public PrintSettings {
   // key for a layout of several pages is kept in step.
   void setNumberUp(int pages);
 
+  // Whether pages are folded to a booklet, which to the panel is a layout of several pages. Says so
+  // to the panel alone; the job's option is the caller's.
+  void setBooklet(bool booklet);
+
   // Whether the last page comes out first.
   void setReverse(bool reverse);
 
-  // 1 or more; throws PrintError (Usage) otherwise.
+  // 1 or more; throws PrintError (Usage) otherwise. Several copies come out collated, set by set,
+  // unless the ticket says something else ("collate").
   void setCopies(int copies);
 
   // What CUPS is sent for this ticket. Throws PrintError (Refused), naming the option and the
@@ -55,6 +65,7 @@ class JobTicket final : public PrintSettings {
 
  private:
   Options values_;
+  std::set<std::string> switches_;  // those of values_ that are "true" or "false"
 };
 
 // The option of that name, in any case of its letters, which is the same to CUPS; end() without
@@ -64,9 +75,12 @@ JobTicket::Options::const_iterator findJobOption(const JobTicket::Options& optio
 
 // Throws PrintError (Refused) unless the option reaches the filters as it stands. Names: letters,
 // digits, ".", "_" and "-", beginning with a letter, at most 255 bytes. Values: valid UTF-8 of at
-// most 255 bytes without control characters; not "true" or "false" (in any case), which CUPS turns
-// into a boolean; not beginning with "{", which it turns into a collection; and unchanged by the
-// type that CUPS knows for the option (valueForFilters).
+// most 255 bytes (2,048 for the panel's page list) without control characters; not "true" or
+// "false" (in any case), which CUPS turns into a switch; not beginning with "{", which it turns
+// into a collection; and unchanged by the type that CUPS knows for the option (valueForFilters).
 void checkJobOption(const std::string& name, const std::string& value);
+
+// The same for an option that is on or off (JobTicket::setSwitch).
+void checkSwitch(const std::string& name);
 
 }  // namespace publishing

@@ -3,20 +3,28 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include <fcntl.h>
 #include <glib.h>
+#include <poll.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/AtomicFile.h"
+#include "base/Descriptor.h"
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/Submission.h"
@@ -26,6 +34,8 @@ namespace {
 
 constexpr const char* kProgram = "cupsfilter";
 constexpr std::size_t kBufferSize = 65536;
+constexpr std::chrono::milliseconds kPause{100};
+constexpr int kTriesToEnd = 20;
 
 PrintError cannotWrite(const std::string& output, int error) {
   return PrintError::trouble(translated("%s cannot be written: %s. Nothing was changed there.",
@@ -58,39 +68,59 @@ std::string quotedOption(const std::string& name, const std::string& value) {
   return text + '"';
 }
 
-// A file of our own beside the target, so that renaming it is one step; removed unless renamed.
-class OutputFile {
+// Where the PostScript goes: a file that stands there whole or not at all, or, for a target that is
+// no regular file, the target itself.
+class Output {
  public:
-  explicit OutputFile(const std::string& target) : target_(target), temporary_(target + ".XXXXXX") {
+  explicit Output(const std::string& target) : target_(target) {
     struct stat information {};
-    direct_ = stat(target.c_str(), &information) == 0 && !S_ISREG(information.st_mode);
-    descriptor_ = direct_ ? open(target.c_str(), O_WRONLY | O_CLOEXEC)
-                          : g_mkstemp_full(temporary_.data(), O_WRONLY | O_CLOEXEC, 0666);
-    if (descriptor_ < 0) throw cannotWrite(target, errno);
+    const bool direct = stat(target.c_str(), &information) == 0 && !S_ISREG(information.st_mode);
+    try {
+      if (direct) {
+        direct_ = Descriptor(open(target.c_str(), O_WRONLY | O_CLOEXEC));
+        if (!direct_.isOpen()) throw cannotWrite(target, errno);
+      } else {
+        constexpr mode_t kNewFile = 0666;
+        file_.emplace(target, kNewFile);
+      }
+    } catch (const std::system_error& error) {
+      throw cannotWrite(target, error.code().value());
+    }
   }
-  ~OutputFile() {
-    if (descriptor_ >= 0) close(descriptor_);
-    if (!direct_ && !temporary_.empty()) unlink(temporary_.c_str());
-  }
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
 
-  [[nodiscard]] int descriptor() const { return descriptor_; }
+  void write(std::string_view bytes) {
+    try {
+      if (file_) return file_->write(bytes);
+    } catch (const std::system_error& error) {
+      throw cannotWrite(target_, error.code().value());
+    }
+    while (!bytes.empty()) {
+      const ssize_t written = ::write(direct_.get(), bytes.data(), bytes.size());
+      if (written < 0 && errno != EINTR) throw cannotWrite(target_, errno);
+      if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
 
   void finish() {
-    if (!direct_ && fsync(descriptor_) != 0) throw cannotWrite(target_, errno);
-    if (close(std::exchange(descriptor_, -1)) != 0) throw cannotWrite(target_, errno);
-    if (direct_) return;
-    if (rename(temporary_.c_str(), target_.c_str()) != 0) throw cannotWrite(target_, errno);
-    temporary_.clear();
+    try {
+      if (file_) file_->replace();
+    } catch (const std::system_error& error) {
+      throw cannotWrite(target_, error.code().value());
+    }
   }
 
  private:
   std::string target_;
-  std::string temporary_;
-  bool direct_ = false;
-  int descriptor_ = -1;
+  std::optional<AtomicFile> file_;
+  Descriptor direct_;
 };
+
+// In the child: a group of its own, so that all filters can be ended at once, and an end of its own
+// when this program is killed.
+void becomeGroup(gpointer) {
+  setpgid(0, 0);
+  prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
 
 // The running chain: its output comes through a pipe, its messages are kept in a nameless file.
 class Chain {
@@ -106,7 +136,7 @@ class Chain {
     argv.push_back(nullptr);
     GError* failure = nullptr;
     if (g_spawn_async_with_pipes_and_fds(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD,
-                                         nullptr, nullptr, -1, -1, fileno(messages_), nullptr,
+                                         becomeGroup, nullptr, -1, -1, fileno(messages_), nullptr,
                                          nullptr, 0, &process_, nullptr, &output_, nullptr,
                                          &failure) == FALSE) {
       const std::string reason = failure->message;
@@ -117,16 +147,25 @@ class Chain {
   }
   ~Chain() {
     if (output_ >= 0) close(output_);
-    if (process_ != 0) {
-      kill(process_, SIGTERM);
-      wait();
-    }
+    if (process_ != 0) end();
     std::fclose(messages_);
   }
   Chain(const Chain&) = delete;
   Chain& operator=(const Chain&) = delete;
 
   [[nodiscard]] int output() const { return output_; }
+
+  // Ends all filters.
+  void end() {
+    const pid_t group = -process_;
+    kill(group, SIGTERM);
+    for (int tries = 0; tries < kTriesToEnd && waitpid(process_, nullptr, WNOHANG) == 0; ++tries)
+      std::this_thread::sleep_for(kPause);
+    kill(group, SIGKILL);
+    while (waitpid(group, nullptr, 0) > 0 || errno == EINTR)
+      ;
+    process_ = 0;
+  }
 
   // Whether the chain ended well.
   bool wait() {
@@ -155,25 +194,19 @@ class Chain {
   int output_ = -1;
 };
 
-void writeAll(int descriptor, const char* bytes, std::size_t length, const std::string& output) {
-  while (length > 0) {
-    const ssize_t written = write(descriptor, bytes, length);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) throw cannotWrite(output, errno);
-    bytes += written;
-    length -= static_cast<std::size_t>(written);
-  }
-}
-
-// The number of bytes copied.
-std::uint64_t copyAll(int from, int to, const std::string& output) {
+// The number of bytes copied. Throws PrintError when the user does not want to go on.
+std::uint64_t copyAll(int from, Output& to, const std::function<bool()>& goesOn) {
   std::array<char, kBufferSize> buffer{};
   std::uint64_t copied = 0;
   while (true) {
+    pollfd waiting = {from, POLLIN, 0};
+    const int ready = poll(&waiting, 1, static_cast<int>(kPause.count()));
+    if (goesOn && !goesOn()) throw PrintError::refused(translated("Printing was cancelled."));
+    if (ready <= 0) continue;
     const ssize_t length = read(from, buffer.data(), buffer.size());
     if (length < 0 && errno == EINTR) continue;
     if (length <= 0) return copied;
-    writeAll(to, buffer.data(), static_cast<std::size_t>(length), output);
+    to.write({buffer.data(), static_cast<std::size_t>(length)});
     copied += static_cast<std::uint64_t>(length);
   }
 }
@@ -191,7 +224,7 @@ std::vector<std::string> argumentsFor(const std::string& ppd, JobTicket::Options
   }
   for (const auto& [name, value] : options)
     arguments.insert(arguments.end(), {"-o", quotedOption(name, value)});
-  arguments.push_back(absolute(document.path()));
+  arguments.push_back(document.path());
   return arguments;
 }
 
@@ -205,19 +238,31 @@ void checkNoForeignProgram(const Printer& printer) {
                  shown(printer.name()), shown(*program)));
 }
 
+// The output would take the place of what it is made from.
+void checkOutput(const std::string& output, const Printer& printer, const Document& document) {
+  std::error_code ignored;
+  const bool isPPD = std::filesystem::equivalent(output, printer.name(), ignored);
+  if (!isPPD && !document.isFileAt(output)) return;
+  throw PrintError::usage(
+      translated("The output %s would overwrite %s. Name another file.", shown(output),
+                 isPPD ? translated("the PPD") : translated("the document itself")));
+}
+
 }  // namespace
 
 void printToFile(const Printer& printer, const JobTicket& ticket, const Document& document,
-                 const std::string& title, const std::string& output) {
+                 const std::string& title, const std::string& output,
+                 const std::function<bool()>& goesOn) {
   checkJobTitle(title);
   checkNoForeignProgram(printer);
+  checkOutput(output, printer, document);
   const auto arguments = argumentsFor(printer.name(), printer.jobOptions(ticket), document, title);
-  OutputFile file(output);
+  Output file(output);
   Chain chain(arguments);
-  const std::uint64_t length = copyAll(chain.output(), file.descriptor(), output);
+  const std::uint64_t length = copyAll(chain.output(), file, goesOn);
   if (!chain.wait() || length == 0) {
     throw PrintError::trouble(translated("The print filters could not process %s:%s",
-                                         shown(document.path()), chain.complaints()));
+                                         shown(document.name()), chain.complaints()));
   }
   file.finish();
 }

@@ -10,6 +10,7 @@
 
 #include "Publishing/PublishingKeys.h"
 #include "base/Translation.h"
+#include "printing/JobLayout.h"
 #include "printing/PrintError.h"
 #include "printing/PrintServer.h"
 
@@ -33,6 +34,27 @@ JobTicket::Options jobOptionsOf(const cups_dest_t& destination) {
   return options;
 }
 
+std::string factOf(const cups_dest_t& destination, const char* name) {
+  const char* value = cupsGetOption(name, destination.num_options, destination.options);
+  return value != nullptr ? shown(value) : std::string();
+}
+
+Printer::Obstacles obstaclesOf(const cups_dest_t& destination) {
+  Printer::Obstacles obstacles;
+  if (factOf(destination, "printer-is-accepting-jobs") == "false") {
+    obstacles.rejects = translated(
+        "The queue %s takes no jobs at present. Allow them with cupsaccept %s, or choose "
+        "another queue.",
+        destination.name, destination.name);
+  }
+  if (factOf(destination, "printer-state") == std::to_string(IPP_PSTATE_STOPPED)) {
+    obstacles.waits = translated(
+        "The queue %s is paused: the job waits there until cupsenable %s starts it again.",
+        destination.name, destination.name);
+  }
+  return obstacles;
+}
+
 bool isDuplexOption(const std::string& name) {
   return std::find(std::begin(kDuplexOptions), std::end(kDuplexOptions), name) !=
          std::end(kDuplexOptions);
@@ -47,18 +69,24 @@ Printer::Printer(std::string name, bool isQueue, std::optional<PPDDocument> ppd,
       ppd_(std::move(ppd)),
       defaults_(std::move(defaults)) {
   mark(JobTicket());
-  if (ppd_) defaultSides_ = ppd_->markedSides();
+  if (!ppd_) return;
+  defaultSides_ = ppd_->markedSides();
+  for (const PPDChoice& order : ppd_->choices(kOutputOrder))
+    defaultIsReverse_ = defaultIsReverse_ || (order.marked && order.choice == "Reverse");
 }
 
 Printer Printer::fromDestination(http_t* http, const cups_dest_t& destination) {
-  return {destination.name, true, PPDDocument::fetch(http, destination.name),
-          jobOptionsOf(destination)};
+  Printer printer(destination.name, true, PPDDocument::fetch(http, destination.name),
+                  jobOptionsOf(destination));
+  if (destination.instance != nullptr) printer.instance_ = destination.instance;
+  printer.obstacles_ = obstaclesOf(destination);
+  return printer;
 }
 
 Printer Printer::openQueue(const std::string& name) {
-  checkQueueName(name);
+  const QueueName parsed = QueueName::parse(name);
   const HttpHandle http = connectToServer();
-  return fromDestination(http.get(), *findQueue(http.get(), name));
+  return fromDestination(http.get(), *findQueue(http.get(), parsed));
 }
 
 Printer Printer::openDefaultQueue() {
@@ -84,9 +112,12 @@ JobTicket Printer::newTicket() const {
   };
   const auto stated = defaultSides_ ? defaultSides_ : sidesFromKeyword(valueOf("sides"));
   ticket.setSides(stated.value_or(Sides::OneSided));
-  const int pages = std::atoi(valueOf("number-up").c_str());
-  if (JobTicket::isLayout(pages)) ticket.setNumberUp(pages);
-  if (valueOf(kOutputOrder) == "Reverse") ticket.setReverse(true);
+  const JobLayout layout = layoutOf(defaults_);
+  if (layout.numberUp && JobTicket::isLayout(*layout.numberUp)) {
+    ticket.setNumberUp(*layout.numberUp);
+  }
+  ticket.setBooklet(layout.booklet.value_or(false));
+  if (layout.reverse.value_or(defaultIsReverse_)) ticket.setReverse(true);
   return ticket;
 }
 
@@ -109,8 +140,10 @@ JobTicket::Options Printer::jobOptions(const JobTicket& ticket) const {
                    shown(name_), shown(choice->second), option));
   }
   const bool hasSides = options.contains("sides");
+  const bool hasOrder = layoutOf(options).reverse.has_value();
   for (const auto& [name, value] : defaults_) {
     if (hasSides && isDuplexOption(name)) continue;
+    if (hasOrder && isOutputOrder(name)) continue;
     if (findJobOption(options, name) == options.end()) options.emplace(name, value);
   }
   return options;

@@ -16,7 +16,8 @@ namespace publishing {
 // connection.
 class Printer {
  public:
-  // Throw PrintError: see findQueue, findDefaultQueue and PPDDocument.
+  // Throw PrintError: see findQueue, findDefaultQueue and PPDDocument. `name` is that of a queue or
+  // "queue/instance"; see QueueName.
   static Printer openQueue(const std::string& name);
   static Printer openDefaultQueue();
   static Printer openPPD(const std::string& path);
@@ -24,6 +25,16 @@ class Printer {
   // The queue's name, or the path of the PPD.
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] bool isQueue() const { return isQueue_; }
+
+  // Of the queue's options that are meant; mostly empty.
+  [[nodiscard]] const std::string& instance() const { return instance_; }
+
+  // What keeps the queue from printing a job at once, for the user; empty when nothing does.
+  struct Obstacles {
+    std::string rejects;  // no job is taken
+    std::string waits;    // jobs are taken and wait
+  };
+  [[nodiscard]] const Obstacles& obstacles() const { return obstacles_; }
 
   // Null when the queue has no PPD.
   [[nodiscard]] PPDDocument* ppd() { return ppd_ ? &*ppd_ : nullptr; }
@@ -58,9 +69,12 @@ class Printer {
 
   std::string name_;
   bool isQueue_;
+  std::string instance_;
+  Obstacles obstacles_;
   std::optional<PPDDocument> ppd_;
   JobTicket::Options defaults_;
   std::optional<Sides> defaultSides_;  // of the PPD's marks before any ticket
+  bool defaultIsReverse_ = false;      // of the same
 };
 
 }  // namespace publishing

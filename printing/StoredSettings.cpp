@@ -19,6 +19,7 @@
 #include "base/GlibHandles.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
+#include "base/UserFolders.h"
 #include "printing/JobTicket.h"
 #include "printing/PrintError.h"
 
@@ -154,7 +155,7 @@ void removeKey(GKeyFile* file, const char* key) {
 }  // namespace
 
 std::string StoredSettings::defaultFolder() {
-  return std::string(g_get_user_config_dir()) + "/publishing";
+  return userConfigFolder() + "/publishing";
 }
 
 // Letters, digits and "-._~" stand for themselves, other bytes as %XX. A name that would be too

@@ -25,7 +25,7 @@ PrintError serverError(const std::string& what) {
        status != IPP_STATUS_ERROR_NOT_FOUND) ||
       status == IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS;
   return {refused ? PrintError::Kind::Refused : PrintError::Kind::Trouble,
-          translated("%s: %s (print server %s)", what, cupsLastErrorString(), serverName())};
+          translated("%s: %s (print server %s)", what, serverReason(), serverName())};
 }
 
 // A job on the server that is cancelled unless its document arrived completely.
@@ -58,31 +58,52 @@ class UnfinishedJob {
   UnfinishedJob(const UnfinishedJob&) = delete;
   UnfinishedJob& operator=(const UnfinishedJob&) = delete;
 
-  void send(Document& document, const std::string& title, const SendProgress& progress) {
-    if (cupsStartDestDocument(http_, queue_, info_.get(), number_, title.c_str(), document.format(),
-                              0, nullptr, 1) != HTTP_STATUS_CONTINUE) {
-      throw serverError(translated("The queue %s did not accept the document", queue_->name));
-    }
-    std::array<char, kBufferSize> buffer{};
-    std::uint64_t sent = 0;
-    while (const std::size_t length = document.read(buffer.data(), buffer.size())) {
-      if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) {
-        throw serverError(translated("%s could not be sent completely", shown(document.path())));
-      }
-      sent += length;
-      if (progress && !progress(sent, std::max(sent, document.size()))) {
-        throw PrintError::refused(translated("The job was cancelled."));
-      }
-    }
-    if (cupsFinishDestDocument(http_, queue_, info_.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
-      throw serverError(translated("%s could not be sent completely", shown(document.path())));
-    }
+  void send(std::span<Document> documents, const SendProgress& progress) {
+    std::uint64_t total = 0;
+    for (const Document& document : documents)
+      total += document.size();
+    Upload upload = {progress, 0, total};
+    for (Document& document : documents)
+      send(document, &document == &documents.back(), upload);
   }
 
   // The job is the printer's from now on.
   int release() { return std::exchange(number_, 0); }
 
  private:
+  struct Upload {
+    const SendProgress& progress;
+    std::uint64_t sent;
+    std::uint64_t total;
+
+    // A file may have grown since it was opened.
+    void add(std::uint64_t length) {
+      sent += length;
+      if (progress && !progress(sent, std::max(sent, total))) {
+        throw PrintError::refused(translated("The job was cancelled."));
+      }
+    }
+  };
+
+  void send(Document& document, bool isLast, Upload& upload) {
+    if (cupsStartDestDocument(http_, queue_, info_.get(), number_, document.defaultTitle().c_str(),
+                              document.format(), 0, nullptr,
+                              isLast ? 1 : 0) != HTTP_STATUS_CONTINUE) {
+      throw serverError(translated("The queue %s did not accept the document %s", queue_->name,
+                                   shown(document.name())));
+    }
+    std::array<char, kBufferSize> buffer{};
+    while (const std::size_t length = document.read(buffer.data(), buffer.size())) {
+      if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) {
+        throw serverError(translated("%s could not be sent completely", shown(document.name())));
+      }
+      upload.add(length);
+    }
+    if (cupsFinishDestDocument(http_, queue_, info_.get()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+      throw serverError(translated("%s could not be sent completely", shown(document.name())));
+    }
+  }
+
   http_t* http_;
   cups_dest_t* queue_;
   DestinationInfoHandle info_;
@@ -101,7 +122,7 @@ void checkSamePPD(http_t* http, const Printer& printer) {
 
 }  // namespace
 
-int submit(const Printer& printer, const JobTicket& ticket, Document& document,
+int submit(const Printer& printer, const JobTicket& ticket, std::span<Document> documents,
            const std::string& title, const SendProgress& progress) {
   if (!printer.isQueue()) {
     throw PrintError::usage(
@@ -111,10 +132,10 @@ int submit(const Printer& printer, const JobTicket& ticket, Document& document,
   checkJobTitle(title);
   const CupsOptions options(printer.jobOptions(ticket));
   const HttpHandle http = connectToServer();
-  const DestinationHandle queue = findQueue(http.get(), printer.name());
+  const DestinationHandle queue = findQueue(http.get(), {printer.name(), printer.instance()});
   checkSamePPD(http.get(), printer);
   UnfinishedJob job(http.get(), queue.get(), options, title);
-  job.send(document, title, progress);
+  job.send(documents, progress);
   return job.release();
 }
 

@@ -14,8 +14,8 @@ _publishing_values() {
 
 _publishing_options() {
   case $1 in
-    print) echo -d --printer --ppd -o --output --sides --number-up --reverse -n --copies -t --title \
-      --option --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
+    print) echo -d --printer --ppd --output --sides --number-up --reverse -n --copies -P --pages -t --title \
+      -o --option --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
       --remember --ignore-conflicts --dry-run --wait --json --help ;;
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
@@ -35,7 +35,7 @@ _publishing() {
   COMPREPLY=()
   if [[ $values ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$values" -- "$word")
-  elif [[ $previous == --ppd || $previous == -o || $previous == --output ]]; then
+  elif [[ $previous == --ppd || $previous == --output ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
   elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|printer|extension)$ ]]; then

@@ -84,7 +84,7 @@ bool lacksRights(ipp_status_t status) {
 
 QueueDriver::QueueDriver(http_t* http, const std::string& queue)
     : http_(http), queue_(queue), uri_(uriOf(queue)) {
-  findQueue(http, queue);
+  findQueue(http, {queue, {}});
   refuseWithoutOwnDriver(attributes().get());
   ppd_ = fetchedPPD(http, queue);
 }
@@ -117,8 +117,8 @@ void QueueDriver::put(const std::string& ppd) const {
                    "lpadmin may, and so may root: put \"sudo\" before the command.",
                    serverName()));
   }
-  throw PrintError::trouble(translated("The print server %s did not take the PPD: %s.",
-                                       serverName(), cupsLastErrorString()));
+  throw PrintError::trouble(
+      translated("The print server %s did not take the PPD: %s.", serverName(), serverReason()));
 }
 
 IppHandle QueueDriver::attributes() const {
@@ -136,7 +136,7 @@ IppHandle QueueDriver::attributes() const {
   }
   if (status > IPP_STATUS_OK_EVENTS_COMPLETE || !answer) {
     throw PrintError::trouble(translated("The print server %s does not tell about the queue: %s.",
-                                         serverName(), cupsLastErrorString()));
+                                         serverName(), serverReason()));
   }
   return answer;
 }

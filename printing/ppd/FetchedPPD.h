@@ -23,6 +23,10 @@ class FetchedPPD {
   [[nodiscard]] bool exists() const { return path_.front() != '\0'; }
   [[nodiscard]] std::string path() const { return path_.data(); }
 
+  // Why the copy may be incomplete, because there is no room for more in the folder for temporary
+  // files; nothing when there is.
+  [[nodiscard]] std::optional<std::string> lackOfRoom() const;
+
  private:
   std::array<char, 1024> path_{};
 };

@@ -103,6 +103,19 @@ const ppd_choice_t* choiceInForce(ppd_file_t* ppd, const Side& side) {
   return marked;
 }
 
+// The sides of other options than `own`, when all of them are in force; empty otherwise.
+std::vector<PPDChoice> othersInForce(ppd_file_t* ppd, const Constraint& constraint,
+                                     const ppd_option_t* own) {
+  std::vector<PPDChoice> others;
+  for (const Side& side : constraint) {
+    if (side.option == own) continue;
+    const ppd_choice_t* choice = choiceInForce(ppd, side);
+    if (choice == nullptr) return {};
+    others.push_back(described(*side.option, *choice));
+  }
+  return others;
+}
+
 bool isPanelsChoice(const PPDChoice& choice) {
   return choice.option == cCoverMediaType || choice.option == cPageMediaType;
 }
@@ -136,6 +149,27 @@ std::vector<Conflict> conflictsIn(ppd_file_t* ppd) {
     conflicts.push_back(std::move(conflict));
   }
   return conflicts;
+}
+
+std::map<std::string, std::vector<PPDChoice>> choicesExcludedBy(ppd_file_t* ppd,
+                                                                const std::string& option) {
+  std::map<std::string, std::vector<PPDChoice>> excluded;
+  const ppd_option_t* own = ppdFindOption(ppd, option.c_str());
+  for (const Constraint& constraint : distinctConstraints(ppd)) {
+    const auto side = std::find_if(constraint.begin(), constraint.end(),
+                                   [own](const Side& candidate) { return candidate.option == own; });
+    if (own == nullptr || side == constraint.end()) continue;
+    const auto others = othersInForce(ppd, constraint, own);
+    for (const ppd_choice_t& choice : choicesOf(own)) {
+      const std::string_view keyword = boundedView(choice.choice);
+      const bool isMeant =
+          side->choice == nullptr ? !switchesOff(keyword) : side->choice == &choice;
+      if (!isMeant || others.empty()) continue;
+      auto& list = excluded[std::string(keyword)];
+      list.insert(list.end(), others.begin(), others.end());
+    }
+  }
+  return excluded;
 }
 
 }  // namespace publishing

@@ -2,6 +2,7 @@
 // Which of a PPD's marked choices exclude each other.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -24,5 +25,10 @@ struct Conflict {
 // direction, NonUIConstraints and cupsUIConstraints; a constraint without a choice means every
 // choice that switches something on. The PPD's marks stay as they are.
 std::vector<Conflict> conflictsIn(ppd_file_t* ppd);
+
+// By the keywords of the option's choices, marked or not: the marked choices of other options that
+// each would exclude, were it marked. Choices that exclude none are left out.
+std::map<std::string, std::vector<PPDChoice>> choicesExcludedBy(ppd_file_t* ppd,
+                                                                const std::string& option);
 
 }  // namespace publishing

@@ -69,6 +69,12 @@ class PPDDocument {
   // The conflicts among the marked choices, see conflictsIn.
   [[nodiscard]] std::vector<Conflict> conflicts() const;
 
+  // What each choice of the option would exclude, see choicesExcludedBy.
+  [[nodiscard]] std::map<std::string, std::vector<PPDChoice>> excludedBy(
+      const std::string& option) const {
+    return choicesExcludedBy(ppd_.get(), option);
+  }
+
  private:
   PPDDocument(PPDHandle ppd, std::vector<std::string> warnings, std::string checksum)
       : ppd_(std::move(ppd)), warnings_(std::move(warnings)), checksum_(std::move(checksum)) {}

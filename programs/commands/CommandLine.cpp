@@ -1,25 +1,56 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/CommandLine.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include <CLI/CLI.hpp>
 
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "programs/commands/DialogCommand.h"
 #include "programs/commands/ExtensionCommand.h"
+#include "programs/commands/Failure.h"
 #include "programs/commands/MediaCommand.h"
 #include "programs/commands/PagesCommand.h"
 #include "programs/commands/PrintCommand.h"
 #include "programs/commands/PrinterCommand.h"
 #include "programs/commands/SettingsCommand.h"
+#include "programs/commands/UsageError.h"
 #include "programs/terminal/Terminal.h"
 
 namespace publishing {
+namespace {
+
+void translateHeadings(CLI::App& app) {
+  const auto headings = std::make_shared<CLI::Formatter>();
+  headings->label("Usage", translated("Usage"));
+  headings->label("OPTIONS", translated("OPTIONS"));
+  headings->label("SUBCOMMAND", translated("COMMAND"));
+  headings->label("Options", translated("Options"));
+  headings->label("Subcommands", translated("Commands"));
+  headings->label("Positionals", translated("Arguments"));
+  headings->label("REQUIRED", translated("(required)"));
+  headings->label("Excludes", translated("Not with"));
+  app.formatter(headings);
+}
+
+// Also of a command line that cannot be parsed.
+bool asksForJson(int count, const char* const* arguments) {
+  const std::string_view end = "--";
+  const auto* const last = std::find(arguments, arguments + count, end);
+  return std::find(arguments, last, std::string_view("--json")) != last;
+}
+
+}  // namespace
 
 ExitStatus runCommandLine(int count, const char* const* arguments) {
   CLI::App app(translated("Print with covers and inserted sheets on Zephrel printers"),
                "publishing");
-  app.set_version_flag("--version", "publishing " PUBLISHING_VERSION);
+  translateHeadings(app);
+  app.set_help_flag("-h,--help", translated("Show this help"));
+  app.set_version_flag("--version", "publishing " PUBLISHING_VERSION,
+                       translated("Show the version"));
   app.require_subcommand(1);
   ExitStatus status = kDone;
   addPrintCommand(app, status);
@@ -29,13 +60,15 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   addPrinterCommand(app, status);
   addExtensionCommand(app, status);
   addDialogCommand(app);
+  const bool json = asksForJson(count, arguments);
   try {
     app.parse(count, arguments);
+  } catch (const CLI::Success& helpOrVersion) {
+    app.exit(helpOrVersion);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kDone : kWrongUsage;
+    return reportFailure(usageError(app, error), json);
   } catch (const PrintError& error) {
-    warn(error.what());
-    return exitStatusOf(error.kind());
+    return reportFailure(error, json);
   }
   return status;
 }

@@ -15,7 +15,6 @@
 #include "programs/terminal/Terminal.h"
 #include "shells/ExtensionNames.h"
 #include "shells/HostRules.h"
-#include "shells/PanelDump.h"
 
 namespace publishing {
 namespace {
@@ -91,7 +90,7 @@ const char* nameOf(Change change) {
 void writeChange(const std::string& file, Change change, const State& state) {
   json result = asJson(state);
   result["change"] = {{"file", file}, {"what", nameOf(change)}};
-  say(jsonLine(result));
+  sayJson(result);
 }
 
 ExitStatus runEnable(const ExtensionOptions& options) {
@@ -153,7 +152,7 @@ ExitStatus runDisable(const ExtensionOptions& options) {
 ExitStatus runStatus(const ExtensionOptions& options) {
   const State state = stateOf(GtkSettingsPlaces::here(), options);
   if (options.json) {
-    say(jsonLine(asJson(state)));
+    sayJson(asJson(state));
   } else {
     say(translated(state.isListed() ? N_("enabled by %s: gtk-print-backends=%s")
                                     : N_("not enabled by %s: gtk-print-backends=%s"),

@@ -2,8 +2,7 @@
 #include "programs/commands/MediaCommand.h"
 
 #include <algorithm>
-#include <iomanip>
-#include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,7 +16,6 @@
 #include "programs/commands/PrinterArgument.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/MediaReason.h"
-#include "shells/PanelDump.h"
 #include "shells/headless/PanelUser.h"
 
 namespace publishing {
@@ -31,17 +29,34 @@ struct MediaOptions {
   bool json = false;
 };
 
-// The items of one pop-up as the panel offers them.
+// What the choice would exclude, "Paper Source: Tray 3".
+std::string textOf(const std::vector<PPDChoice>& excluded) {
+  std::string text;
+  for (const PPDChoice& choice : excluded)
+    text += (text.empty() ? "" : ", ") + choice.optionText + ": " + choice.choiceText;
+  return text;
+}
+
+// The items of one pop-up as the panel offers them. The panel looks at trays alone; a medium that
+// excludes another choice of the job would be refused later.
 json mediaOf(PanelUser& user, const Printer& printer, const PublishingFeature& feature) {
   const char* option = feature.option;
   const HeadlessPopUpButton& menu = user.popUp(feature.popUp);
+  const auto excluded = printer.ppd() == nullptr
+                            ? std::map<std::string, std::vector<PPDChoice>>()
+                            : printer.ppd()->excludedBy(option);
   json items = json::array();
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
-    json item = {{"choice", user.choiceOfItem(option, index)},
+    const std::string choice = user.choiceOfItem(option, index);
+    const auto conflict = excluded.find(choice);
+    const bool isOffered = menu.isItemEnabledAtIndex(index);
+    json item = {{"choice", choice},
                  {"text", menu.itemTitleAtIndex(index)},
-                 {"allowed", menu.isItemEnabledAtIndex(index)}};
-    if (!menu.isItemEnabledAtIndex(index)) {
+                 {"allowed", isOffered && conflict == excluded.end()}};
+    if (!isOffered) {
       item["reason"] = reasonAgainstMedia(user.panel(), printer, option, index);
+    } else if (conflict != excluded.end()) {
+      item["reason"] = translated("conflicts with %s", textOf(conflict->second));
     }
     items.push_back(std::move(item));
   }
@@ -58,30 +73,32 @@ std::size_t longestChoice(const json& items) {
 
 void printMedia(const std::string& heading, const json& media) {
   const json& items = media["items"];
-  std::cout << heading << " (" << media["option"].get<std::string>() << ")\n";
-  if (items.empty()) std::cout << "  " << translated("none") << '\n';
-  const auto width = static_cast<int>(longestChoice(items));
+  say(heading + " (" + media["option"].get<std::string>() + ")");
+  if (items.empty()) say("  " + translated("none"));
+  const std::size_t width = longestChoice(items);
   for (const json& item : items) {
-    std::cout << "  " << std::left << std::setw(width) << shown(item["choice"]) << "  "
-              << shown(item["text"]);
+    std::string line = shown(item["choice"]);
+    line.resize(std::max(width, line.size()), ' ');
+    line = "  " + line + "  " + shown(item["text"]);
     if (item.contains("reason")) {
-      std::cout << " (" << translated("not available: %s", item["reason"].get<std::string>())
-                << ')';
+      line += " (" + translated("not available: %s", item["reason"].get<std::string>()) + ")";
     }
-    std::cout << '\n';
+    say(line);
   }
 }
 
 ExitStatus runMedia(const MediaOptions& options) {
   Printer printer = options.printer.open();
   JobTicket ticket = printer.newTicket();
-  assignOptions(printer, ticket, options.marks);
+  for (const std::string& mark : options.marks)
+    assignOption(printer, ticket, OptionAssignment::parse(printer, mark));
+  printer.mark(ticket);
   PanelUser user(printer, ticket);
   const json report = {{"printer", printer.name()},
                        {"cover", mediaOf(user, printer, kCoverMode)},
                        {"insert", mediaOf(user, printer, kPageInsert)}};
   if (options.json) {
-    say(jsonLine(report));
+    sayJson(report);
   } else {
     printMedia(translated("Cover media"), report["cover"]);
     printMedia(translated("Insert media"), report["insert"]);

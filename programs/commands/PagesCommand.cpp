@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,54 +12,80 @@
 #include "Publishing/PageListAlert.h"
 #include "Publishing/parseNum.h"
 #include "base/Translation.h"
+#include "printing/PrintError.h"
+#include "programs/commands/Arguments.h"
+#include "programs/commands/Failure.h"
 #include "programs/terminal/Terminal.h"
 
 namespace publishing {
 namespace {
 
-struct PagesOptions {
+struct PagesArguments {
   bool twoSided = false;
-  std::int64_t coverValue = 0;
+  std::optional<int> coverValue;
   bool json = false;
   std::string list;
 };
 
-ExitStatus runPages(const PagesOptions& options) {
+constexpr int kLargestCoverValue = 32;
+
+struct Check {
   std::vector<std::int32_t> pages;
   std::int32_t count = 0;
-  const std::int32_t result = ParsePageNumber(options.list, &pages, &count, options.twoSided,
-                                              options.coverValue, kHighestPage, kMostPages);
-  if (options.json) {
-    const nlohmann::ordered_json report = {{"result", result}, {"count", count}, {"pages", pages}};
-    say(report.dump());
+  std::int32_t result = 0;
+  std::optional<PageListAlert> alert;  // the panel's, when it refuses the list
+};
+
+Check checkList(const PagesArguments& arguments) {
+  const std::int64_t cover = arguments.coverValue.value_or(0);
+  Check check;
+  check.result = ParsePageNumber(arguments.list, &check.pages, &check.count, arguments.twoSided,
+                                 cover, kHighestPage, kMostPages);
+  check.alert = alertForPageText(arguments.list);
+  if (!check.alert && check.result != kPageListOK) {
+    check.alert = alertForPageList(check.result, arguments.twoSided, cover);
   }
-  if (result != kPageListOK) {
-    const auto [title, message] = alertForPageList(result, options.twoSided, options.coverValue);
-    warn(translated(title) + ": " + translated(message));
-    return kRefused;
+  return check;
+}
+
+ExitStatus runPages(const PagesArguments& arguments) {
+  if (arguments.coverValue.value_or(0) > kLargestCoverValue) {
+    throw PrintError::usage(
+        translated("%s is a number between 0 and %d.", "--cover-value", kLargestCoverValue));
   }
-  if (!options.json) {
-    for (const std::int32_t page : pages)
+  const Check check = checkList(arguments);
+  nlohmann::ordered_json report = {{"result", check.result},
+                                   {"count", check.count},
+                                   {"pages", check.pages},
+                                   {"accepted", !check.alert}};
+  if (check.alert) {
+    const auto error = PrintError::refused(translated(check.alert->title) + ": " +
+                                           translated(check.alert->message));
+    warn(error.what());
+    report["error"] = failureAsJson(error);
+  }
+  if (arguments.json) {
+    sayJson(report);
+  } else if (!check.alert) {
+    for (const std::int32_t page : check.pages)
       say(std::to_string(page));
   }
-  return kDone;
+  return check.alert ? kRefused : kDone;
 }
 
 }  // namespace
 
 void addPagesCommand(CLI::App& app, ExitStatus& status) {
-  auto options = std::make_shared<PagesOptions>();
+  auto arguments = std::make_shared<PagesArguments>();
   CLI::App* command = app.add_subcommand("pages", translated("Check a list of pages for inserts"));
-  command->add_flag("--two-sided", options->twoSided, translated("The job prints on both sides"));
-  command
-      ->add_option("--cover-value", options->coverValue,
-                   translated("Printed cover sides: sum of 1 front outside, 2 front inside, "
-                              "4 back outside, 8 back inside"))
-      ->check(CLI::Range(0, 32));
-  command->add_flag("--json", options->json, translated("Write the result as JSON"));
-  command->add_option("LIST", options->list, translated("Pages and ranges, as in 5,8,12-14"))
+  command->add_flag("--two-sided", arguments->twoSided, translated("The job prints on both sides"));
+  addNumber(*command, "--cover-value", arguments->coverValue,
+            translated("Printed cover sides: sum of 1 front outside, 2 front inside, "
+                       "4 back outside, 8 back inside"));
+  command->add_flag("--json", arguments->json, translated("Write the result as JSON"));
+  command->add_option("LIST", arguments->list, translated("Pages and ranges, as in 5,8,12-14"))
       ->required();
-  command->callback([options, &status] { status = runPages(*options); });
+  command->callback([arguments, &status] { status = runPages(*arguments); });
 }
 
 }  // namespace publishing

@@ -2,14 +2,15 @@
 #include "programs/commands/PrinterArgument.h"
 
 #include "base/Translation.h"
+#include "programs/commands/Arguments.h"
 #include "programs/terminal/Terminal.h"
 
 namespace publishing {
 namespace {
 
-Printer openPrinter(const PrinterArgument& option) {
-  if (!option.ppd.empty()) return Printer::openPPD(option.ppd);
-  return option.queue.empty() ? Printer::openDefaultQueue() : Printer::openQueue(option.queue);
+Printer openPrinter(const PrinterArgument& printer) {
+  if (printer.ppd) return Printer::openPPD(*printer.ppd);
+  return printer.queue ? Printer::openQueue(*printer.queue) : Printer::openDefaultQueue();
 }
 
 }  // namespace
@@ -21,11 +22,11 @@ Printer PrinterArgument::open() const {
   return printer;
 }
 
-void addPrinterArgument(CLI::App& command, PrinterArgument& option) {
-  CLI::Option* queue = command.add_option("-d,--printer", option.queue,
-                                          translated("Print queue (default: your default queue)"));
+void addPrinterArgument(CLI::App& command, PrinterArgument& printer) {
+  CLI::Option* queue = addText(command, "-d,--printer", printer.queue,
+                               translated("Print queue (default: your default queue)"));
   queue->type_name("QUEUE");
-  command.add_option("--ppd", option.ppd, translated("PPD file to use instead of a queue"))
+  addText(command, "--ppd", printer.ppd, translated("PPD file to use instead of a queue"))
       ->type_name("FILE")
       ->excludes(queue);
 }

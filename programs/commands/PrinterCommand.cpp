@@ -19,8 +19,8 @@
 #include "printing/covers/CoversCheck.h"
 #include "printing/covers/CoversPPD.h"
 #include "printing/covers/QueueDriver.h"
+#include "programs/commands/Failure.h"
 #include "programs/terminal/Terminal.h"
-#include "shells/PanelDump.h"
 
 namespace publishing {
 namespace {
@@ -49,11 +49,6 @@ struct Report {
 
 // --- telling ---
 
-const char* nameOf(PrintError::Kind kind) {
-  if (kind == PrintError::Kind::Refused) return "refused";
-  return kind == PrintError::Kind::Usage ? "usage" : "trouble";
-}
-
 json asJson(const Report& report) {
   const auto orNull = [](const std::string& text) { return text.empty() ? json() : json(text); };
   json entry = {{"printer", report.printer}, {"changed", report.changed}};
@@ -66,7 +61,7 @@ json asJson(const Report& report) {
     entry["bypass"] = orNull(state.bypass);
   }
   if (report.error) {
-    entry["error"] = {{"kind", nameOf(report.error->kind())}, {"message", report.error->what()}};
+    entry["error"] = failureAsJson(*report.error);
   }
   return entry;
 }
@@ -118,7 +113,7 @@ ExitStatus conclude(Action action, const std::vector<Report>& reports,
       continue;
     status = std::max(status, exitStatusOf(report.error->kind()));
   }
-  if (options.json) say(jsonLine({{"printers", list}}));
+  if (options.json) sayJson(json{{"printers", list}});
   return status;
 }
 

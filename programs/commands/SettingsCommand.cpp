@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/SettingsCommand.h"
 
-#include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -10,22 +10,23 @@
 #include "base/Translation.h"
 #include "printing/PrintServer.h"
 #include "printing/StoredSettings.h"
+#include "programs/commands/Arguments.h"
 #include "programs/terminal/Terminal.h"
-#include "shells/PanelDump.h"
 
 namespace publishing {
 namespace {
 
+using nlohmann::json;
+
 struct SettingsOptions {
-  std::string queue;
+  std::optional<std::string> queue;
   bool json = false;
 };
 
 // Stored settings outlive their queue, so a queue that is named is not looked up on the server.
 std::string queueOf(const SettingsOptions& options) {
-  if (options.queue.empty()) return findDefaultQueue(connectToServer().get())->name;
-  checkQueueName(options.queue);
-  return options.queue;
+  if (!options.queue) return findDefaultQueue(connectToServer().get())->name;
+  return QueueName::parse(*options.queue).queue;
 }
 
 ExitStatus runShow(const SettingsOptions& options) {
@@ -34,13 +35,13 @@ ExitStatus runShow(const SettingsOptions& options) {
   for (const std::string& warning : loaded.warnings)
     warn(warning);
   if (options.json) {
-    say(jsonLine({{"queue", queue}, {"settings", loaded.values}}));
+    sayJson(json({{"queue", queue}, {"settings", loaded.values}}));
     return kDone;
   }
   for (const auto& [key, value] : loaded.values)
     say(key + '=' + value);
   if (loaded.values.empty()) {
-    std::cerr << translated("Nothing is stored for %s.", queue) << '\n';
+    warn(translated("Nothing is stored for %s.", queue));
   }
   return kDone;
 }
@@ -49,7 +50,7 @@ ExitStatus runClear(const SettingsOptions& options) {
   const std::string queue = queueOf(options);
   const bool cleared = StoredSettings().clear(queue);
   if (options.json) {
-    say(jsonLine({{"queue", queue}, {"cleared", cleared}}));
+    sayJson(json({{"queue", queue}, {"cleared", cleared}}));
   } else {
     say(translated(
         cleared ? N_("The settings stored for %s were cleared.") : N_("Nothing was stored for %s."),
@@ -67,8 +68,9 @@ void addSettingsCommand(CLI::App& app, ExitStatus& status) {
   settings->require_subcommand(1);
   const auto add = [&](const char* name, const std::string& help, auto run) {
     CLI::App* command = settings->add_subcommand(name, help);
-    command->add_option("-d,--printer", options->queue,
-                        translated("Print queue (default: your default queue)"));
+    addText(*command, "-d,--printer", options->queue,
+            translated("Print queue (default: your default queue)"))
+        ->type_name("QUEUE");
     command->add_flag("--json", options->json, translated("Write the result as JSON"));
     command->callback([options, run, &status] { status = run(*options); });
   };

@@ -6,17 +6,24 @@
 #include <glib.h>
 
 #include "base/Translation.h"
+#include "printing/PrintError.h"
 #include "programs/commands/CommandLine.h"
+#include "programs/terminal/Interruption.h"
 #include "programs/terminal/Terminal.h"
 
 int main(int argc, char** argv) {
+  using namespace publishing;
+  keepStandardStreams();
   std::setlocale(LC_ALL, "");
   g_set_prgname("publishing");
-  publishing::bindTranslations();
+  bindTranslations();
   try {
-    return publishing::runCommandLine(argc, argv);
+    const ExitStatus status = runCommandLine(argc, argv);
+    finishOutput();
+    Interruption::obey();
+    return status;
   } catch (const std::exception& error) {
-    publishing::warn(error.what());
-    return publishing::kTrouble;
+    warn(error.what());
+    return kTrouble;
   }
 }

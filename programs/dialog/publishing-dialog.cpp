@@ -4,6 +4,7 @@
 // loads.
 #include <clocale>
 #include <string>
+#include <string_view>
 
 #include <gtk/gtk.h>
 
@@ -40,17 +41,23 @@ int printWithDialog(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  keepStandardStreams();
   std::setlocale(LC_ALL, "");
   g_set_prgname("publishing-dialog");
   bindTranslations();
   try {
+    const std::string usage = translated("Usage: publishing-dialog FILE");
+    const bool wantsHelp = argc == 2 && std::string_view(argv[1]) == "--help";
+    if (wantsHelp)
+      say(usage + '\n' + translated("Opens the print dialog for a PDF or PostScript file."));
+    if (wantsHelp) return kDone;
     DialogExtension::makeFindable();
-    if (gtk_init_check(&argc, &argv) == 0) {
+    // GTK takes its own options out first; it needs no display for that.
+    const bool hasDisplay = gtk_init_check(&argc, &argv) != 0;
+    if (argc != 2 || argv[1][0] == '-') return fail(usage, kWrongUsage);
+    if (!hasDisplay) {
       return fail(translated("There is no display to show a dialog on. Use: publishing print FILE"),
                   kTrouble);
-    }
-    if (argc != 2 || argv[1][0] == '-') {
-      return fail(translated("Usage: publishing-dialog FILE"), kWrongUsage);
     }
     return printWithDialog(argv[1]);
   } catch (const PrintError& error) {

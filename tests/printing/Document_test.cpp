@@ -44,7 +44,7 @@ TEST(Document, RefusesWhatNoPrinterCouldPrintAndNamesTheFile) {
       {folder.file("letter.txt", "Dear Sir"), "neither PDF nor PostScript"},
       {folder.file("notes.txt", "50%! more"), "neither PDF nor PostScript"},
       {folder.file("job.prn", "\033%-12345X@PJL RESET\n"), "neither PDF nor PostScript"},
-      {"/dev/null", "not a regular file"},
+      {"/dev/zero", "neither a file nor a pipe"},
   };
   for (const auto& row : table) {
     const PrintError error = errorOf([&row] { const Document document(row.path); });

@@ -46,7 +46,7 @@ TEST_F(QueueDriverTest, ReplacesThePPDAndNothingElse) {
   lpadmin("-p Other -E -v file:/dev/null -D 'On the left' -L 'Room 1' -P " + kSamplePPD +
           " -o job-sheets-default=standard,none -o printer-error-policy=abort-job");
   const auto attributes = [this] {
-    const DestinationHandle queue = findQueue(http_.get(), "Other");
+    const DestinationHandle queue = findQueue(http_.get(), {"Other", {}});
     std::map<std::string, std::string> map;
     for (int i = 0; i < queue->num_options; ++i)
       map[queue->options[i].name] = queue->options[i].value;

@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The program publishing as a user calls it, against a real print server.
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
-#include "tests/cups/PrivateCups.h"
-#include "tests/support/Program.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/programs/commands/PublishingOnServer.h"
 
 namespace publishing {
 namespace {
@@ -24,52 +16,7 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::Pair;
 
-using Words = std::vector<std::string>;
-
 const auto* const environment = ::testing::AddGlobalTestEnvironment(new PrivateCups);
-
-constexpr const char* kQueue = "Zephrel_PS_9000";
-constexpr const char* kReport = TEST_DATA "/report.pdf";
-
-class PublishingOnServer : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    PrivateCups::instance().addQueue(kQueue, TEST_DATA "/zephrel-ps-9000.ppd");
-    PrivateCups::instance().addQueue("Second", TEST_DATA "/zephrel-ps-9000.ppd");
-  }
-
-  void TearDown() override {
-    for (const char* file : {"/fail", "/block"})
-      std::filesystem::remove(cups_.out() + file);
-  }
-
-  [[nodiscard]] Outcome run(Words words) const {
-    words.insert(words.begin(), PUBLISHING_PROGRAM);
-    return runProgram(words,
-                      {{"CUPS_SERVER", cups_.server()}, {"XDG_CONFIG_HOME", config_.path()}});
-  }
-
-  [[nodiscard]] Outcome print(const Words& options) const {
-    Words words = {"print", "-d", kQueue};
-    words.insert(words.end(), options.begin(), options.end());
-    words.emplace_back(kReport);
-    return run(words);
-  }
-
-  [[nodiscard]] json stored(const std::string& queue = kQueue) const {
-    return json::parse(run({"settings", "show", "-d", queue, "--json"}).output)["settings"];
-  }
-
-  // The queue's jobs that the server knows, finished ones too.
-  [[nodiscard]] std::ptrdiff_t jobs() const {
-    const Outcome outcome =
-        runProgram({"/usr/bin/lpstat", "-W", "all", "-o"}, {{"CUPS_SERVER", cups_.server()}});
-    return std::count(outcome.output.begin(), outcome.output.end(), '\n');
-  }
-
-  PrivateCups& cups_ = PrivateCups::instance();
-  TemporaryFolder config_;
-};
 
 TEST_F(PublishingOnServer, PrintsCoversAndInserts) {
   const Outcome outcome =

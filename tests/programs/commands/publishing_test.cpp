@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The program publishing as a user calls it, without a print server.
+#include <csignal>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -8,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "tests/printing/Samples.h"
 #include "tests/support/Program.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -105,13 +108,20 @@ TEST_F(Publishing, ChecksPageLists) {
       {{"5-5"}, 1, R"({"result":-4,"count":0,"pages":[]})"},
       {{"2-12"}, 1, R"({"result":-3,"count":0,"pages":[]})"},
       {{"-5"}, 1, R"({"result":-2,"count":0,"pages":[]})"},
+      {{","}, 1, R"({"result":0,"count":0,"pages":[]})"},
   };
   for (const Case& check : cases) {
     Words words = {"pages", "--json"};
     words.insert(words.end(), check.words.begin(), check.words.end());
     const Outcome outcome = run(words);
     EXPECT_EQ(outcome.status, check.status) << words.back();
-    EXPECT_EQ(outcome.output, std::string(check.report) + "\n");
+    json report = json::parse(check.report);
+    json told = json::parse(outcome.output);
+    EXPECT_EQ(told["accepted"], check.status == 0) << words.back();
+    EXPECT_EQ(told.contains("error"), check.status != 0) << words.back();
+    told.erase("accepted");
+    told.erase("error");
+    EXPECT_EQ(told, report) << words.back();
   }
 }
 
@@ -146,7 +156,7 @@ TEST_F(Publishing, ListsMediaWithTheReasonAgainstTheUnavailable) {
 TEST_F(Publishing, HandsTheMediaToThePrinterInPostScript) {
   const std::string output = path("out.ps");
   const Outcome outcome =
-      run({"print", "--ppd", kPPD, "-o", output, "--sides", "two-sided-long-edge", "--cover",
+      run({"print", "--ppd", kPPD, "--output", output, "--sides", "two-sided-long-edge", "--cover",
            "front-back", "--cover-media", "Tray2", "--insert", "5,8,12-14", "--insert-media",
            "Tray 3", document_});
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
@@ -221,7 +231,7 @@ TEST_F(Publishing, RefusesWhatThePanelRefuses) {
     const Outcome outcome = dryRun(check.options);
     EXPECT_EQ(outcome.status, check.status) << check.message << outcome.errors;
     EXPECT_THAT(outcome.errors, HasSubstr(check.message));
-    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(json::parse(outcome.output)["error"]["kind"], "refused") << check.message;
   }
 }
 
@@ -233,9 +243,9 @@ TEST_F(Publishing, AnswersWrongUsageWithStatus2) {
       {"print", "--cover", "sideways", document_},
       {"print", "--sides", "three", document_},
       {"print", "--ppd", kPPD, document_},
-      {"print", "-o", path("x.ps"), document_},
+      {"print", "--output", path("x.ps"), document_},
       {"print", "--ppd", kPPD, "-d", "q", "--dry-run", document_},
-      {"print", "--ppd", kPPD, "--remember", "-o", path("x.ps"), document_},
+      {"print", "--ppd", kPPD, "--remember", "--output", path("x.ps"), document_},
       {"print", "--ppd", kPPD, "--dry-run", "--number-up", "3", document_},
       {"print", "--ppd", kPPD, "--dry-run", "--copies", "0", document_},
       {"print", "--ppd", kPPD, "--dry-run", "--cover-media", "Tray2", document_},
@@ -253,7 +263,7 @@ TEST_F(Publishing, AnswersWrongUsageWithStatus2) {
 }
 
 TEST_F(Publishing, RefusesOptionValuesThatCupsWouldChange) {
-  for (const char* option : {"Note={a=b}", "Note=one\ntwo", "Note=true", "Note=\xff", "A B=c"}) {
+  for (const char* option : {"Note={a=b}", "Note=one\ntwo", "Note=\xff", "A B=c", "raw"}) {
     const Outcome outcome = dryRun({"--option", option});
     EXPECT_EQ(outcome.status, 1) << option;
     EXPECT_THAT(outcome.errors, Not(IsEmpty()));
@@ -277,7 +287,7 @@ TEST_F(Publishing, NamesTheFileThatIsTrouble) {
       {{"print", "--ppd", kPPD, "--dry-run", folder_.path()}, folder_.path()},
       {{"print", "--ppd", broken, "--dry-run", document_}, "broken.ppd"},
       {{"media", "--ppd", path("absent.ppd")}, "absent.ppd"},
-      {{"print", "--ppd", kPPD, "-o", path("no/such/folder/out.ps"), document_}, "out.ps"},
+      {{"print", "--ppd", kPPD, "--output", path("no/such/folder/out.ps"), document_}, "out.ps"},
       {{"print", "-d", "Office", document_}, "127.0.0.1"},
       {{"media"}, "127.0.0.1"},
   };
@@ -342,9 +352,43 @@ TEST_F(Publishing, SurvivesAPPDThatWritesTheOptionsInAnotherCase) {
 
 TEST_F(Publishing, KeepsTheEarlierOutputWhenPrintingFails) {
   const std::string output = write("out.ps", "earlier");
-  const Outcome outcome = run({"print", "--ppd", kPPD, "-o", output, "--insert", "5-5", document_});
+  const Outcome outcome =
+      run({"print", "--ppd", kPPD, "--output", output, "--insert", "5-5", document_});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(contentsOfFile(output), "earlier");
+}
+
+TEST_F(Publishing, OverwritesNeitherTheDocumentNorThePPD) {
+  const std::string ppd = write("own.ppd", contentsOfFile(std::string(SOURCE_FOLDER "/") + kPPD));
+  const std::string link = path("link.ps");
+  std::filesystem::create_hard_link(document_, link);
+  const std::string before = contentsOfFile(document_);
+  for (const std::string& output : {document_, link, path("./document.ps"), ppd}) {
+    const Outcome outcome = run({"print", "--ppd", ppd, "--output", output, document_});
+    EXPECT_EQ(outcome.status, 2) << output;
+    EXPECT_THAT(outcome.errors, HasSubstr("would overwrite")) << output;
+  }
+  const Outcome redirected =
+      runProgram({"/bin/sh", "-c", "exec \"$0\" \"$@\" <" + document_, PUBLISHING_PROGRAM, "print",
+                  "--ppd", ppd, "--output", document_, "-"});
+  EXPECT_EQ(redirected.status, 2);
+  EXPECT_EQ(contentsOfFile(document_), before);
+}
+
+TEST_F(Publishing, LeavesNothingWhenPrintingIntoAFileIsInterrupted) {
+  const std::string large = write("large.pdf", samplePDF(20000));
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    RunningProgram program({PUBLISHING_PROGRAM, "print", "--ppd", kPPD, "--output", path("out.ps"), large});
+    const std::string children = "/proc/" + std::to_string(program.process()) + "/task/" +
+                                 std::to_string(program.process()) + "/children";
+    std::string filters;
+    while (filters.empty())
+      filters = contentsOfFile(children);
+    program.signal(signal);
+    EXPECT_EQ(program.finish().signal, signal);
+    EXPECT_NE(kill(-std::stoi(filters), 0), 0) << "the filters go on";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 2);
+  }
 }
 
 TEST_F(Publishing, OffersNoMediaOnAPrinterWithoutTheOptions) {

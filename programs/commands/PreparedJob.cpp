@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "programs/commands/PreparedJob.h"
+
+#include "Publishing/PublishingKeys.h"
+#include "Publishing/global.h"
+#include "base/Translation.h"
+#include "printing/JobLayout.h"
+#include "printing/PrintError.h"
+#include "printing/StoredSettings.h"
+#include "printing/UnusedMedia.h"
+#include "programs/terminal/Terminal.h"
+#include "shells/PanelDump.h"
+#include "shells/PanelSummary.h"
+
+namespace publishing {
+namespace {
+
+using nlohmann::json;
+using Values = std::map<std::string, std::string>;
+
+constexpr const char* kNone = "None";
+
+bool isOn(const Values& values, const char* state) {
+  const auto entry = values.find(state);
+  return entry != values.end() && entry->second == kStoredOn;
+}
+
+void refuseConflicts(const std::vector<std::string>& conflicts) {
+  std::string message = translated("The printer cannot combine these choices:");
+  for (const std::string& conflict : conflicts)
+    message += "\n  " + conflict;
+  message += '\n';
+  message += translated("Change one of them, or print anyway with --ignore-conflicts.");
+  throw PrintError::refused(message);
+}
+
+// Programs read this: in English whatever the user's language is.
+json englishSummaryOf(const PublishingSettings& state) {
+  const auto status = [](std::int64_t enableState) { return enableState == 1 ? kOn : kOff; };
+  return {{kCovermodeStatus, status(state.covermodeEnableState)},
+          {kPageinsertStatus, status(state.pageinsertEnableState)}};
+}
+
+// The medium that the queue's or the user's default options have for the feature.
+std::optional<std::string> defaultMedium(const Printer& printer, const char* option) {
+  const auto found = findJobOption(printer.defaults(), option);
+  if (found == printer.defaults().end() || found->second == kNone) return std::nullopt;
+  return found->second;
+}
+
+}  // namespace
+
+PreparedJob::PreparedJob(PrintArguments& arguments) : printer_(arguments.printer.open()) {
+  if (!printer_.obstacles().rejects.empty() && !arguments.dryRun) {
+    throw PrintError::refused(printer_.obstacles().rejects);
+  }
+  JobWishes& wishes = arguments.wishes;
+  ticket_ = printer_.newTicket();
+  restore(arguments.fresh);
+  wishes.applyTo(printer_, ticket_);
+  checkLayout(wishes);
+  drivePanel(wishes);
+  tellLeftOut(wishes);
+  toRemember_ = *ticket_.copyAsDictionary();
+  leaveOutUnusedMedia(printer_, ticket_);
+  checkConflicts(arguments.ignoreConflicts);
+}
+
+void PreparedJob::restore(bool fresh) {
+  if (!printer_.isQueue() || fresh) return;
+  const StoredSettings::Loaded stored = StoredSettings().load(printer_.name());
+  for (const std::string& warning : stored.warnings)
+    warn(warning);
+  remembered_ = stored.values;
+  for (const auto& [key, value] : remembered_)
+    ticket_.setValue(key, value);
+}
+
+bool PreparedJob::hasLayout() const {
+  return ticket_.getValue(kNup) == "1" || ticket_.getValue(kOutputOrder) == "Reverse";
+}
+
+// Who asks for the layout that covers and inserts cannot have, with the remedy.
+std::string PreparedJob::originOfLayout(const JobWishes& wishes) const {
+  const bool isWished = wishes.numberUp.value_or(1) > 1 || wishes.reverse.value_or(false) ||
+                        wishes.booklet.value_or(false);
+  if (isWished) {
+    return translated("Leave out --reverse and --number-up, or the covers and inserts.");
+  }
+  const JobLayout layout = layoutOf(printer_.defaults());
+  if (layout.numberUp.value_or(1) > 1 || layout.reverse || layout.booklet) {
+    return translated(
+        "The default options of the queue ask for that (see: lpoptions -p %s). Give "
+        "--number-up 1 and -o outputorder=normal, or leave out the covers and "
+        "inserts.",
+        printer_.name());
+  }
+  return translated(
+      "The printer's own setting asks for that. Give -o outputorder=normal, or leave "
+      "out the covers and inserts.");
+}
+
+void PreparedJob::checkLayout(const JobWishes& wishes) const {
+  if (!hasLayout() || (!wishes.wantsCover() && !wishes.wantsInserts())) return;
+  throw PrintError::refused(
+      translated("Covers and inserts cannot be combined with reverse output order or several pages "
+                 "per side.") +
+      ' ' + originOfLayout(wishes));
+}
+
+void PreparedJob::drivePanel(const JobWishes& wishes) {
+  user_ = std::make_unique<PanelUser>(printer_, ticket_);
+  user_->apply(wishes.panel);
+  takeDefaultMedia(wishes);
+  try {
+    user_->save();
+  } catch (const PrintError& error) {
+    if (wishes.panel.insert || !isOn(remembered_, kPageinsertState)) throw;
+    throw PrintError(
+        error.kind(),
+        std::string(error.what()) + '\n' +
+            translated("The pages are remembered for %s (%s). Give others with --insert, or start "
+                       "without what is remembered with --fresh.",
+                       printer_.name(), shown(remembered_[kPageinsertNums])));
+  }
+}
+
+// The panel starts with its first medium; a default option of the queue is a choice of the user's.
+void PreparedJob::takeDefaultMedia(const JobWishes& wishes) {
+  PanelRequest request;
+  const PublishingSettings& state = user_->panel().state();
+  if (state.covermodeEnableState == 1 && !wishes.panel.coverMedia &&
+      !isOn(remembered_, kCoverModeState)) {
+    request.coverMedia = defaultMedium(printer_, cCoverMediaType);
+  }
+  if (state.pageinsertEnableState == 1 && !wishes.panel.insertMedia &&
+      !isOn(remembered_, kPageinsertState)) {
+    request.insertMedia = defaultMedium(printer_, cPageMediaType);
+  }
+  user_->apply(request);
+}
+
+// Covers or inserts that are remembered, but not possible with this job's layout.
+void PreparedJob::tellLeftOut(const JobWishes& wishes) const {
+  const bool covers = !wishes.panel.cover && isOn(remembered_, kCoverModeState);
+  const bool inserts = !wishes.panel.insert && isOn(remembered_, kPageinsertState);
+  if (!hasLayout() || (!covers && !inserts)) return;
+  warn(
+      translated("The covers and inserts remembered for %s are left out: they cannot be combined "
+                 "with reverse output order or several pages per side.",
+                 printer_.name()));
+}
+
+void PreparedJob::checkConflicts(bool ignore) {
+  if (printer_.ppd() == nullptr) return;
+  for (const Conflict& conflict : printer_.ppd()->conflicts())
+    conflicts_.push_back(conflict.text());
+  if (!conflicts_.empty() && !ignore) refuseConflicts(conflicts_);
+}
+
+std::string PreparedJob::summary() const {
+  return summaryOf(user_->panel().state(), ", ");
+}
+
+json PreparedJob::report() const {
+  PublishingPDE& panel = user_->panel();
+  return {{"printer", printer_.name()},
+          {"summary", englishSummaryOf(panel.state())},
+          {"controls", dumpControls(panel)},
+          {"fields", dumpFields(panel.state())},
+          {"settings", *ticket_.copyAsDictionary()},
+          {"options", printer_.jobOptions(ticket_)},
+          {"conflicts", conflicts_},
+          {"job", nullptr}};
+}
+
+void PreparedJob::remember() const {
+  if (hasLayout()) {
+    warn(translated("Nothing was remembered, for this job cannot have covers and inserts."));
+    return;
+  }
+  StoredSettings().store(printer_.name(), toRemember_);
+}
+
+}  // namespace publishing

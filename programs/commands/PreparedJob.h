@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "printing/JobTicket.h"
+#include "printing/Printer.h"
+#include "programs/commands/PrintArguments.h"
+#include "shells/headless/PanelUser.h"
+
+namespace publishing {
+
+// A job that can be sent: the printer's defaults, what is remembered for the queue and what the
+// command line asks for, in this order, taken through the panel's rules.
+class PreparedJob {
+ public:
+  // Opens the printer and says on standard error what was left out. Throws PrintError for what the
+  // printer, the panel or the queue refuses, with the remedy.
+  explicit PreparedJob(PrintArguments& arguments);
+
+  [[nodiscard]] const Printer& printer() const { return printer_; }
+  [[nodiscard]] const JobTicket& ticket() const { return ticket_; }
+
+  // One line for the user: whether there are covers and inserts.
+  [[nodiscard]] std::string summary() const;
+
+  // What --json writes: the panel as panel scripts dump it, and the job made of it.
+  [[nodiscard]] nlohmann::json report() const;
+
+  // Stores the panel's settings for the queue. A layout that switches covers and inserts off leaves
+  // what is remembered alone, and says so. Throws as StoredSettings::store.
+  void remember() const;
+
+ private:
+  void restore(bool fresh);
+  void checkLayout(const JobWishes& wishes) const;
+  void drivePanel(const JobWishes& wishes);
+  void takeDefaultMedia(const JobWishes& wishes);
+  void tellLeftOut(const JobWishes& wishes) const;
+  void checkConflicts(bool ignore);
+  [[nodiscard]] bool hasLayout() const;
+  [[nodiscard]] std::string originOfLayout(const JobWishes& wishes) const;
+
+  Printer printer_;
+  JobTicket ticket_;
+  std::map<std::string, std::string> remembered_;
+  std::unique_ptr<PanelUser> user_;
+  JobTicket::Options toRemember_;
+  std::vector<std::string> conflicts_;
+};
+
+}  // namespace publishing

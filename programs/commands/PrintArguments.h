@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "programs/commands/JobWishes.h"
+#include "programs/commands/PrinterArgument.h"
+
+namespace publishing {
+
+// The command line of "print".
+struct PrintArguments {
+  PrinterArgument printer;
+  std::optional<std::string> output;
+  std::optional<std::string> title;
+  JobWishes wishes;
+  bool fresh = false;
+  bool remember = false;
+  bool ignoreConflicts = false;
+  bool dryRun = false;
+  std::optional<std::string> wait;  // empty or a number of seconds
+  bool json = false;
+  std::vector<std::string> documents;
+
+  // Throws PrintError (Usage) for what goes together in no job.
+  void check() const;
+
+  // How long to wait; nothing when there is no limit.
+  [[nodiscard]] std::optional<int> waitingSeconds() const;
+};
+
+// `arguments` must outlive the parsing.
+void addPrintArguments(CLI::App& command, PrintArguments& arguments);
+
+}  // namespace publishing
