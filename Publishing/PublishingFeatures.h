@@ -3,6 +3,8 @@
 // shell use. Interface descriptions use the same names.
 #pragma once
 
+#include <span>
+
 #include "Publishing/PublishingKeys.h"
 
 namespace publishing {
@@ -43,23 +45,34 @@ inline constexpr const char* tabViewDidSelectTabViewItem = "tabViewDidSelectTabV
 
 }  // namespace action
 
+// The print-settings keys that the panel owns, by feature.
+inline constexpr const char* kCoverModeKeys[] = {kCoverModeState, kCoverModeValue,
+                                                 kCovermodeRadioButtonState, kCmIndex, kUnspecifed};
+inline constexpr const char* kPageInsertKeys[] = {kPageinsertState, kPageinsertValue, kPiIndex,
+                                                  kPageinsertNums};
+
 // A feature that the panel offers. Its media are the choices of a PPD option.
 struct PublishingFeature {
-  const char* option;    // the PPD option's keyword
-  const char* stateKey;  // kStoredOn or kStoredOff in the job's print settings
-  const char* indexKey;  // the medium's index there
-  const char* checkBox;  // outlet of the box that switches it
-  const char* popUp;     // outlet of the menu of its media
-  const char* action;    // what the check box sends
+  const char* option;                 // the PPD option's keyword
+  const char* stateKey;               // kStoredOn or kStoredOff in the job's print settings
+  const char* indexKey;               // the medium's index there
+  std::span<const char* const> keys;  // these two and all others of the feature
+  const char* checkBox;               // outlet of the box that switches it
+  const char* popUp;                  // outlet of the menu of its media
+  const char* action;                 // what the check box sends
 };
 
-inline constexpr PublishingFeature kCoverMode = {
-    cCoverMediaType,    kCoverModeState,     kCmIndex,
-    outlet::CmCheckBox, outlet::CmMediaType, action::changeCmEnableState};
+inline constexpr PublishingFeature kCoverMode = {cCoverMediaType,
+                                                 kCoverModeState,
+                                                 kCmIndex,
+                                                 kCoverModeKeys,
+                                                 outlet::CmCheckBox,
+                                                 outlet::CmMediaType,
+                                                 action::changeCmEnableState};
 
 inline constexpr PublishingFeature kPageInsert = {
-    cPageMediaType,     kPageinsertState,    kPiIndex,
-    outlet::PiCheckBox, outlet::PiMediaType, action::changePiEnableState};
+    cPageMediaType,      kPageinsertState,           kPiIndex, kPageInsertKeys, outlet::PiCheckBox,
+    outlet::PiMediaType, action::changePiEnableState};
 
 inline constexpr PublishingFeature kFeatures[] = {kCoverMode, kPageInsert};
 

@@ -25,12 +25,6 @@ inline constexpr const char* kPageinsertValue = "VtPageinsertValue";
 inline constexpr const char* kPiIndex = "VtPiIndex";
 inline constexpr const char* kPageinsertNums = "VtPageinsertNums";
 
-// All of them.
-inline constexpr const char* kPanelKeys[] = {
-    kCoverModeState,  kCoverModeValue, kCovermodeRadioButtonState,
-    kCmIndex,         kUnspecifed,     kPageinsertState,
-    kPageinsertValue, kPiIndex,        kPageinsertNums};
-
 // The values of kCoverModeState and kPageinsertState, in every language.
 inline constexpr const char* kStoredOn = "On";
 inline constexpr const char* kStoredOff = "Off";

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include "Publishing/PublishingKeys.h"
+#include "base/Translation.h"
 #include "fuzz/Require.h"
 #include "printing/JobTicket.h"
 #include "printing/StoredSettings.h"
@@ -38,8 +40,15 @@ void check(const TemporaryFolder& folder, const std::string& contents) {
   const StoredSettings settings(folder.path());
 
   const StoredSettings::Loaded loaded = settings.load(kQueue);
-  for (const auto& [key, value] : loaded.values)
-    checkJobOption(key, value);
+  for (const auto& [key, value] : loaded.values) {
+    if (key == kPageinsertNums) {
+      require(value.find_first_not_of("0123456789-,") == std::string::npos, "an unclean list");
+    } else if (key.ends_with("Text")) {
+      require(shown(value) == value, "an unclean text");
+    } else {
+      checkJobOption(key, value);
+    }
+  }
   require(isKeptIn(folder, contents), "loading lost the file");
 
   settings.store(kQueue, loaded.values);

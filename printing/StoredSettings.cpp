@@ -29,13 +29,23 @@ namespace {
 constexpr const char* kGroup = "Publishing";
 constexpr std::size_t kLargestFile = 65536;  // bytes; a sound file has less than 4 KiB
 constexpr std::size_t kLongestPlainName = 200;
+constexpr std::size_t kLongestPageList = 2048;  // bytes; the panel accepts no longer one
 constexpr int kMostBrokenFiles = 999;
 
 std::vector<std::string> storedKeys() {
-  std::vector<std::string> keys(std::begin(kPanelKeys), std::end(kPanelKeys));
-  for (const PublishingFeature& feature : kFeatures)
+  std::vector<std::string> keys;
+  for (const PublishingFeature& feature : kFeatures) {
+    keys.insert(keys.end(), feature.keys.begin(), feature.keys.end());
     keys.emplace_back(feature.option);
+    keys.push_back(StoredSettings::mediumTextKey(feature));
+  }
   return keys;
+}
+
+bool isMediumText(const std::string& key) {
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&key](const auto& feature) {
+    return key == StoredSettings::mediumTextKey(feature);
+  });
 }
 
 bool isStored(const std::string& key) {
@@ -43,8 +53,25 @@ bool isStored(const std::string& key) {
   return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
-// Why the value cannot be trusted; nothing when it can. A job could not carry it either.
+std::optional<std::string> faultOfList(const std::string& list) {
+  if (list.size() > kLongestPageList) {
+    return translated("The page list in %s is longer than %d bytes.", kPageinsertNums,
+                      static_cast<int>(kLongestPageList));
+  }
+  if (list.find_first_not_of("0123456789-,") == std::string::npos) return std::nullopt;
+  return translated("The page list in %s has characters other than digits, \"-\" and \",\".",
+                    kPageinsertNums);
+}
+
+std::optional<std::string> faultOfText(const std::string& key, const std::string& text) {
+  if (shown(text) == text) return std::nullopt;
+  return translated("The text in %s is too long or has characters that cannot be shown.", key);
+}
+
+// Why the value cannot be trusted; nothing when it can. What a job could not carry cannot.
 std::optional<std::string> faultOf(const std::string& key, const std::string& value) {
+  if (key == kPageinsertNums) return faultOfList(value);
+  if (isMediumText(key)) return faultOfText(key, value);
   try {
     checkJobOption(key, value);
     return std::nullopt;
@@ -203,7 +230,7 @@ void StoredSettings::store(const std::string& queue, const Values& values) const
     removeKey(earlier.file.get(), key.c_str());
     const auto value = values.find(key);
     if (value == values.end()) continue;
-    checkJobOption(key, value->second);
+    if (const auto fault = faultOf(key, value->second)) throw PrintError::refused(*fault);
     g_key_file_set_string(earlier.file.get(), kGroup, key.c_str(), value->second.c_str());
   }
   gsize length = 0;

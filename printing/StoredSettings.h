@@ -6,12 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "Publishing/PublishingFeatures.h"
+
 namespace publishing {
 
-// Only the panel's own keys and the two media choices that it pushes ("CoverMediaType",
-// "PageMediaType") are stored. Files are written as a whole or not at all, so that of two programs
-// that store at once the last one wins and nobody ever reads a mixture. Files are untrusted: they
-// may be another program's, an older version's or damaged.
+// Only the panel's own keys, the two media choices that it pushes ("CoverMediaType",
+// "PageMediaType") and their texts are stored. Files are written as a whole or not at all, so that
+// of two programs that store at once the last one wins and nobody ever reads a mixture. Files are
+// untrusted: they may be another program's, an older version's or damaged.
 class StoredSettings {
  public:
   using Values = std::map<std::string, std::string>;
@@ -20,6 +22,11 @@ class StoredSettings {
     Values values;                      // sound entries only
     std::vector<std::string> warnings;  // for the user: file, reason, and what was done about it
   };
+
+  // Where the text of a feature's medium is stored, beside its keyword: "CoverMediaTypeText".
+  static std::string mediumTextKey(const PublishingFeature& feature) {
+    return std::string(feature.option) + "Text";
+  }
 
   // "publishing" below $XDG_CONFIG_HOME (~/.config when that is not set).
   static std::string defaultFolder();

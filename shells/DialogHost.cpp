@@ -19,10 +19,11 @@ JobTicket::Options panelOptions(const JobTicket::Options& settings) {
     const auto saved = settings.find(key);
     if (saved != settings.end()) options.insert(*saved);
   };
-  for (const char* key : kPanelKeys)
-    take(key);
-  for (const PublishingFeature& feature : kFeatures)
+  for (const PublishingFeature& feature : kFeatures) {
+    for (const char* key : feature.keys)
+      take(key);
     take(feature.option);
+  }
   return options;
 }
 

@@ -9,7 +9,7 @@
 
 #include "base/Translation.h"
 #include "printing/PrintError.h"
-#include "printing/StoredSettings.h"
+#include "printing/Remembering.h"
 #include "shells/PanelReasons.h"
 #include "shells/PanelSummary.h"
 
@@ -41,10 +41,12 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
 }
 
 void HostedPanel::loadStored() {
-  const StoredSettings::Loaded stored = StoredSettings().load(printer_->name());
-  for (const std::string& warning : stored.warnings)
+  const Remembered remembered = recall(StoredSettings(), *printer_);
+  for (const std::string& warning : remembered.warnings)
     g_message("%s", warning.c_str());
-  for (const auto& [key, value] : stored.values)
+  for (const std::string& loss : remembered.losses)
+    g_message("%s", loss.c_str());
+  for (const auto& [key, value] : remembered.values)
     ticket_.setValue(key, value);
 }
 
@@ -158,7 +160,7 @@ std::optional<JobTicket::Options> HostedPanel::save() {
 
 void HostedPanel::remember(const JobTicket::Options& settings) const {
   try {
-    StoredSettings().store(printer_->name(), settings);
+    publishing::remember(StoredSettings(), *printer_, settings);
   } catch (const PrintError& error) {
     g_message("%s", error.what());
   }

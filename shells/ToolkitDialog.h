@@ -38,7 +38,7 @@ class ToolkitDialog {
   // option. `byUser`: the choice follows from a gesture, not from what is stored.
   virtual bool showChoice(const std::string& option, const std::string& choice, bool byUser) = 0;
 
-  // Gives the job these options and takes from it the panel's keys (kPanelKeys) that are not among
+  // Gives the job these options and takes from it the panel's keys that are not among
   // them. Media are shown in the dialog's own tabs already, where it has any for them.
   virtual void handOver(const JobTicket::Options& options) = 0;
 

@@ -150,7 +150,7 @@ TEST(StoredSettingsFaults, ThreadsThatStoreAtOnceNeverMix) {
   const TemporaryFolder folder;
   const StoredSettings settings(folder.path());
   const auto valuesOf = [](const std::string& word) {
-    return Values{{kCoverMediaType, word}, {kPageMediaType, word}, {kPageinsertNums, word}};
+    return Values{{kCoverMediaType, word}, {kPageMediaType, word}, {kCmIndex, word}};
   };
   settings.store("Queue", valuesOf("start"));
   std::atomic<bool> done = false;

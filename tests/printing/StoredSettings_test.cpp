@@ -189,6 +189,21 @@ TEST(StoredSettings, AFileInPlaceOfTheFolderIsReported) {
   EXPECT_EQ(contentsOfFile(folder / "publishing"), "mine");
 }
 
+TEST(StoredSettings, PageListsMayBeLongerThanOtherValues) {
+  const TemporaryFolder folder;
+  const StoredSettings settings(folder.path());
+  std::string everyPage;
+  for (int page = 2; page <= 511; ++page)
+    everyPage += std::to_string(page) + ",";
+  settings.store("Queue", {{kPageinsertNums, everyPage}});
+  EXPECT_THAT(settings.load("Queue").values, ElementsAre(Pair(kPageinsertNums, everyPage)));
+  for (const std::string& list : {everyPage + everyPage, std::string("3 5"), std::string("3,x")}) {
+    const PrintError error = errorOf([&] { settings.store("Queue", {{kPageinsertNums, list}}); });
+    EXPECT_EQ(error.kind(), PrintError::Kind::Refused);
+    EXPECT_THAT(error.what(), HasSubstr(kPageinsertNums));
+  }
+}
+
 TEST(StoredSettings, RefusesValuesThatItWouldNotTakeBack) {
   const TemporaryFolder folder;
   const StoredSettings settings(folder.path());

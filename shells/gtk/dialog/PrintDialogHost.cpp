@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "Publishing/PublishingKeys.h"
+#include "Publishing/PublishingFeatures.h"
 #include "Publishing/global.h"
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
@@ -184,12 +184,14 @@ void PrintDialogHost::handOver(const JobTicket::Options& options) {
     JobHandover::give(gtk_print_unix_dialog_get_selected_printer(dialog_), std::move(named));
     return;
   }
-  for (const char* key : kPanelKeys) {
-    const auto saved = options.find(key);
-    if (saved != options.end()) {
-      options_.store(dialogName(key), saved->second);
-    } else {
-      options_.remove(dialogName(key));
+  for (const PublishingFeature& feature : kFeatures) {
+    for (const char* key : feature.keys) {
+      const auto saved = options.find(key);
+      if (saved != options.end()) {
+        options_.store(dialogName(key), saved->second);
+      } else {
+        options_.remove(dialogName(key));
+      }
     }
   }
 }
