@@ -11,9 +11,9 @@ namespace publishing {
 // working folder never becomes the place of settings.
 std::string userConfigFolder();
 
-// Why other users could decide what is in the folder, or whose it is: it, or the nearest folder above
-// it that exists, belongs to somebody else or can be written by everybody. For the user; nothing for a
-// folder that can be trusted, or be made in a place for everybody such as /tmp.
+// Why other users could decide what is in the folder, or whose it is: it, or the nearest folder
+// above it that exists, belongs to somebody else or can be written by everybody. For the user;
+// nothing for a folder that can be trusted, or be made in a place for everybody such as /tmp.
 std::optional<std::string> faultOfOwner(const std::string& folder);
 
 }  // namespace publishing

@@ -129,6 +129,7 @@ class Chain {
     if (messages_ == nullptr)
       throw PrintError::trouble(
           translated("A temporary file cannot be created: %s", g_strerror(errno)));
+    prctl(PR_SET_CHILD_SUBREAPER, 1);  // the filters are waited for too when their parent ends
     std::vector<const char*> argv;
     argv.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
@@ -148,6 +149,7 @@ class Chain {
   ~Chain() {
     if (output_ >= 0) close(output_);
     if (process_ != 0) end();
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
     std::fclose(messages_);
   }
   Chain(const Chain&) = delete;

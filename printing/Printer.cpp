@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -53,11 +52,6 @@ Printer::Obstacles obstaclesOf(const cups_dest_t& destination) {
         destination.name, destination.name);
   }
   return obstacles;
-}
-
-bool isDuplexOption(const std::string& name) {
-  return std::find(std::begin(kDuplexOptions), std::end(kDuplexOptions), name) !=
-         std::end(kDuplexOptions);
 }
 
 }  // namespace

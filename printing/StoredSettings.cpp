@@ -8,14 +8,17 @@
 #include <iterator>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
 #include <glib.h>
 #include <glib/gstdio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "Publishing/PublishingFeatures.h"
+#include "base/AtomicFile.h"
 #include "base/GlibHandles.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
@@ -208,6 +211,10 @@ std::string StoredSettings::fileOf(const std::string& queue) const {
 
 StoredSettings::Loaded StoredSettings::load(const std::string& queue) const {
   const std::string path = fileOf(queue);
+  const auto fault = faultOfOwner(folder_);
+  if (fault && access(path.c_str(), F_OK) == 0) {
+    return {{}, {translated("The settings in %s are not used: %s.", shown(path), *fault)}};
+  }
   Reading reading = readFile(path);
   if (!reading.isKeyFile) {
     const std::string aside = moveAside(path);
@@ -219,6 +226,7 @@ StoredSettings::Loaded StoredSettings::load(const std::string& queue) const {
 
 void StoredSettings::store(const std::string& queue, const Values& values) const {
   const std::string path = fileOf(queue);
+  if (const auto fault = faultOfOwner(folder_)) throw cannotWrite(folder_, *fault);
   if (g_mkdir_with_parents(folder_.c_str(), 0700) != 0)
     throw cannotWrite(folder_, g_strerror(errno));
   const Reading earlier = readFile(path);
@@ -235,12 +243,12 @@ void StoredSettings::store(const std::string& queue, const Values& values) const
   }
   gsize length = 0;
   const GlibText contents(g_key_file_to_data(earlier.file.get(), &length, nullptr));
-  GError* failure = nullptr;
-  if (g_file_set_contents_full(path.c_str(), contents.get(), static_cast<gssize>(length),
-                               static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
-                                                                  G_FILE_SET_CONTENTS_DURABLE),
-                               0600, &failure) == FALSE) {
-    throw cannotWrite(path, GlibError(failure)->message);
+  try {
+    AtomicFile file(path, S_IRUSR | S_IWUSR);
+    file.write({contents.get(), length});
+    file.replace();
+  } catch (const std::system_error& error) {
+    throw cannotWrite(path, error.code().message());
   }
 }
 

@@ -84,6 +84,7 @@ bool lacksRights(ipp_status_t status) {
 
 QueueDriver::QueueDriver(http_t* http, const std::string& queue)
     : http_(http), queue_(queue), uri_(uriOf(queue)) {
+  checkQueueName(queue);
   findQueue(http, {queue, {}});
   refuseWithoutOwnDriver(attributes().get());
   ppd_ = fetchedPPD(http, queue);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "printing/ppd/DuplexOption.h"
 
-#include <string_view>
+#include <algorithm>
+#include <iterator>
 
 #include "Publishing/ppd/OffChoices.h"
 #include "Publishing/ppd/PPDFields.h"
@@ -19,6 +20,11 @@ std::optional<Sides> sidesOf(std::string_view choice) {
 }
 
 }  // namespace
+
+bool isDuplexOption(std::string_view name) {
+  return std::find(std::begin(kDuplexOptions), std::end(kDuplexOptions), name) !=
+         std::end(kDuplexOptions);
+}
 
 const ppd_choice_t* markedDuplexChoice(ppd_file_t* ppd) {
   for (const char* option : kDuplexOptions) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include <cups/ppd.h>
 
@@ -13,6 +14,9 @@ namespace publishing {
 // The keywords under which PPDs have it.
 inline constexpr const char* kDuplexOptions[] = {"Duplex", "EFDuplex", "EFDuplexing", "KD03Duplex",
                                                  "JCLDuplex"};
+
+// Whether it is one of them.
+bool isDuplexOption(std::string_view name);
 
 // Its marked choice; null without one.
 const ppd_choice_t* markedDuplexChoice(ppd_file_t* ppd);

@@ -156,8 +156,9 @@ std::map<std::string, std::vector<PPDChoice>> choicesExcludedBy(ppd_file_t* ppd,
   std::map<std::string, std::vector<PPDChoice>> excluded;
   const ppd_option_t* own = ppdFindOption(ppd, option.c_str());
   for (const Constraint& constraint : distinctConstraints(ppd)) {
-    const auto side = std::find_if(constraint.begin(), constraint.end(),
-                                   [own](const Side& candidate) { return candidate.option == own; });
+    const auto side =
+        std::find_if(constraint.begin(), constraint.end(),
+                     [own](const Side& candidate) { return candidate.option == own; });
     if (own == nullptr || side == constraint.end()) continue;
     const auto others = othersInForce(ppd, constraint, own);
     for (const ppd_choice_t& choice : choicesOf(own)) {

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/JobWishes.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include <glib.h>
 
 #include "Publishing/PublishingKeys.h"
@@ -54,11 +51,6 @@ void checkPageRanges(const std::string& ranges) {
   throw PrintError::usage(
       translated("\"%s\" is not a list of pages. Write it in ascending order, as in 1-4,7,9-12.",
                  shown(ranges)));
-}
-
-bool isDuplexOption(const std::string& name) {
-  return std::find(std::begin(kDuplexOptions), std::end(kDuplexOptions), name) !=
-         std::end(kDuplexOptions);
 }
 
 }  // namespace

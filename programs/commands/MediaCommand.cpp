@@ -42,9 +42,8 @@ std::string textOf(const std::vector<PPDChoice>& excluded) {
 json mediaOf(PanelUser& user, const Printer& printer, const PublishingFeature& feature) {
   const char* option = feature.option;
   const HeadlessPopUpButton& menu = user.popUp(feature.popUp);
-  const auto excluded = printer.ppd() == nullptr
-                            ? std::map<std::string, std::vector<PPDChoice>>()
-                            : printer.ppd()->excludedBy(option);
+  const auto excluded = printer.ppd() == nullptr ? std::map<std::string, std::vector<PPDChoice>>()
+                                                 : printer.ppd()->excludedBy(option);
   json items = json::array();
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
     const std::string choice = user.choiceOfItem(option, index);

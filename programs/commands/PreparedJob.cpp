@@ -4,10 +4,10 @@
 #include "Publishing/PublishingKeys.h"
 #include "Publishing/global.h"
 #include "base/Translation.h"
+#include "printing/FeaturesOff.h"
 #include "printing/JobLayout.h"
 #include "printing/PrintError.h"
-#include "printing/StoredSettings.h"
-#include "printing/UnusedMedia.h"
+#include "printing/Remembering.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/PanelDump.h"
 #include "shells/PanelSummary.h"
@@ -16,14 +16,8 @@ namespace publishing {
 namespace {
 
 using nlohmann::json;
-using Values = std::map<std::string, std::string>;
 
 constexpr const char* kNone = "None";
-
-bool isOn(const Values& values, const char* state) {
-  const auto entry = values.find(state);
-  return entry != values.end() && entry->second == kStoredOn;
-}
 
 void refuseConflicts(const std::vector<std::string>& conflicts) {
   std::string message = translated("The printer cannot combine these choices:");
@@ -56,24 +50,46 @@ PreparedJob::PreparedJob(PrintArguments& arguments) : printer_(arguments.printer
   }
   JobWishes& wishes = arguments.wishes;
   ticket_ = printer_.newTicket();
-  restore(arguments.fresh);
+  restore(arguments);
   wishes.applyTo(printer_, ticket_);
   checkLayout(wishes);
   drivePanel(wishes);
   tellLeftOut(wishes);
   toRemember_ = *ticket_.copyAsDictionary();
-  leaveOutUnusedMedia(printer_, ticket_);
+  takeOutMediaOff(ticket_, printer_);
   checkConflicts(arguments.ignoreConflicts);
 }
 
-void PreparedJob::restore(bool fresh) {
-  if (!printer_.isQueue() || fresh) return;
-  const StoredSettings::Loaded stored = StoredSettings().load(printer_.name());
-  for (const std::string& warning : stored.warnings)
+// A medium that is gone is no reason to print on another one.
+void PreparedJob::restore(const PrintArguments& arguments) {
+  if (!printer_.isQueue() || arguments.fresh) return;
+  const Remembered remembered = recall(StoredSettings(), printer_);
+  for (const std::string& warning : remembered.warnings)
     warn(warning);
-  remembered_ = stored.values;
-  for (const auto& [key, value] : remembered_)
+  for (const auto& [key, value] : remembered.values) {
+    remembered_.setValue(key, value);
     ticket_.setValue(key, value);
+  }
+  if (!remembered.losses.empty()) checkLosses(remembered, arguments.wishes.panel);
+}
+
+void PreparedJob::checkLosses(const Remembered& remembered, const PanelRequest& wish) const {
+  JobTicket stored;
+  for (const auto& [key, value] : StoredSettings().load(printer_.name()).values)
+    stored.setValue(key, value);
+  const auto isMissed = [&](const PublishingFeature& feature, bool isWished) {
+    return !isWished && isOn(feature, stored) && !isOn(feature, remembered_);
+  };
+  std::string message;
+  for (const std::string& loss : remembered.losses)
+    message += loss + '\n';
+  if (!isMissed(kCoverMode, wish.cover.has_value()) &&
+      !isMissed(kPageInsert, wish.insert.has_value())) {
+    return;
+  }
+  throw PrintError::refused(
+      message + translated("Say what to print with --cover and --insert, or start without what is "
+                           "remembered with --fresh."));
 }
 
 bool PreparedJob::hasLayout() const {
@@ -115,13 +131,13 @@ void PreparedJob::drivePanel(const JobWishes& wishes) {
   try {
     user_->save();
   } catch (const PrintError& error) {
-    if (wishes.panel.insert || !isOn(remembered_, kPageinsertState)) throw;
+    if (wishes.panel.insert || !isOn(kPageInsert, remembered_)) throw;
     throw PrintError(
         error.kind(),
         std::string(error.what()) + '\n' +
             translated("The pages are remembered for %s (%s). Give others with --insert, or start "
                        "without what is remembered with --fresh.",
-                       printer_.name(), shown(remembered_[kPageinsertNums])));
+                       printer_.name(), shown(remembered_.getValue(kPageinsertNums).value_or(""))));
   }
 }
 
@@ -130,11 +146,11 @@ void PreparedJob::takeDefaultMedia(const JobWishes& wishes) {
   PanelRequest request;
   const PublishingSettings& state = user_->panel().state();
   if (state.covermodeEnableState == 1 && !wishes.panel.coverMedia &&
-      !isOn(remembered_, kCoverModeState)) {
+      !isOn(kCoverMode, remembered_)) {
     request.coverMedia = defaultMedium(printer_, cCoverMediaType);
   }
   if (state.pageinsertEnableState == 1 && !wishes.panel.insertMedia &&
-      !isOn(remembered_, kPageinsertState)) {
+      !isOn(kPageInsert, remembered_)) {
     request.insertMedia = defaultMedium(printer_, cPageMediaType);
   }
   user_->apply(request);
@@ -142,8 +158,8 @@ void PreparedJob::takeDefaultMedia(const JobWishes& wishes) {
 
 // Covers or inserts that are remembered, but not possible with this job's layout.
 void PreparedJob::tellLeftOut(const JobWishes& wishes) const {
-  const bool covers = !wishes.panel.cover && isOn(remembered_, kCoverModeState);
-  const bool inserts = !wishes.panel.insert && isOn(remembered_, kPageinsertState);
+  const bool covers = !wishes.panel.cover && isOn(kCoverMode, remembered_);
+  const bool inserts = !wishes.panel.insert && isOn(kPageInsert, remembered_);
   if (!hasLayout() || (!covers && !inserts)) return;
   warn(
       translated("The covers and inserts remembered for %s are left out: they cannot be combined "
@@ -153,7 +169,7 @@ void PreparedJob::tellLeftOut(const JobWishes& wishes) const {
 
 void PreparedJob::checkConflicts(bool ignore) {
   if (printer_.ppd() == nullptr) return;
-  for (const Conflict& conflict : printer_.ppd()->conflicts())
+  for (const Conflict& conflict : conflictsOf(ticket_, *printer_.ppd()))
     conflicts_.push_back(conflict.text());
   if (!conflicts_.empty() && !ignore) refuseConflicts(conflicts_);
 }
@@ -176,10 +192,10 @@ json PreparedJob::report() const {
 
 void PreparedJob::remember() const {
   if (hasLayout()) {
-    warn(translated("Nothing was remembered, for this job cannot have covers and inserts."));
+    warn(translated("Nothing was remembered, because this job cannot have covers and inserts."));
     return;
   }
-  StoredSettings().store(printer_.name(), toRemember_);
+  publishing::remember(StoredSettings(), printer_, toRemember_);
 }
 
 }  // namespace publishing

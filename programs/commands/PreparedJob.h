@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
+#include "printing/Remembering.h"
 #include "programs/commands/PrintArguments.h"
 #include "shells/headless/PanelUser.h"
 
@@ -36,7 +36,8 @@ class PreparedJob {
   void remember() const;
 
  private:
-  void restore(bool fresh);
+  void restore(const PrintArguments& arguments);
+  void checkLosses(const Remembered& remembered, const PanelRequest& wish) const;
   void checkLayout(const JobWishes& wishes) const;
   void drivePanel(const JobWishes& wishes);
   void takeDefaultMedia(const JobWishes& wishes);
@@ -47,7 +48,7 @@ class PreparedJob {
 
   Printer printer_;
   JobTicket ticket_;
-  std::map<std::string, std::string> remembered_;
+  JobTicket remembered_;  // what is remembered for the queue, alone
   std::unique_ptr<PanelUser> user_;
   JobTicket::Options toRemember_;
   std::vector<std::string> conflicts_;

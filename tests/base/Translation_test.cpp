@@ -16,8 +16,8 @@
 namespace publishing {
 namespace {
 
-// A catalogue as msgfmt makes it, which would refuse these translations: the texts and their places,
-// in 32-bit words.
+// A catalogue as msgfmt makes it, which would refuse these translations: the texts and their
+// places, in 32-bit words.
 std::string catalogue(const std::map<std::string, std::string>& translations) {
   const auto count = static_cast<std::uint32_t>(translations.size());
   constexpr std::uint32_t kHeader = 28;

@@ -113,6 +113,11 @@ TEST_F(OfflineChain, RunsNoProgramThatThePPDNames) {
 TEST_F(OfflineChain, CopiesArePrinted) {
   ticket_.setCopies(3);
   print(kSamplePostScript, folder_ / "out.ps");
+  EXPECT_THAT(
+      contentsOfFile(folder_ / "out.ps"),
+      AllOf(HasSubstr("%%Page: 2 2\n"), HasSubstr("%%Page: 1 3\n"), HasSubstr("%%Page: 2 6\n")));
+  ticket_.setSwitch("collate", false);
+  print(kSamplePostScript, folder_ / "out.ps");
   EXPECT_THAT(contentsOfFile(folder_ / "out.ps"), HasSubstr("/#copies 3"));
 }
 

@@ -72,15 +72,16 @@ TEST(PrintServer, ThatDoesNotAnswerIsNotOneWithoutQueues) {
   for (const std::string& answer :
        {std::string("HTTP/1.1 500 Internal Server Error\r\nContent-Length: 0\r\n\r\n"),
         "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nContent-Length: 9\r\n\r\n" + refusal,
-        std::string("HTTP/1.1 403 Forbidden\r\nContent-Length: 0\r\n\r\n"), std::string("hello\r\n\r\n"),
-        std::string()}) {
+        std::string("HTTP/1.1 403 Forbidden\r\nContent-Length: 0\r\n\r\n"),
+        std::string("hello\r\n\r\n"), std::string()}) {
     const OddServer server(answer);
     for (const auto& open : {std::function<void()>([] { Printer::openQueue("Office"); }),
                              std::function<void()>([] { Printer::openDefaultQueue(); })}) {
       const PrintError error = errorOf(open);
       EXPECT_EQ(error.kind(), PrintError::Kind::Trouble);
-      EXPECT_THAT(error.what(), AllOf(HasSubstr(server.name()), HasSubstr("does not respond properly"),
-                                      Not(HasSubstr("has no queue"))))
+      EXPECT_THAT(error.what(),
+                  AllOf(HasSubstr(server.name()), HasSubstr("does not respond properly"),
+                        Not(HasSubstr("has no queue"))))
           << answer;
     }
   }
@@ -92,7 +93,8 @@ TEST(PrintServer, QueuesMayBeNamedWithAnInstance) {
   EXPECT_EQ(QueueName::parse("Office/draft").queue, "Office");
   EXPECT_EQ(QueueName::parse("Office/draft").instance, "draft");
   for (const char* name : {"", "/", "Office/", "/draft", "Office/a/b", "Office/a b", "a\u202eb"})
-    EXPECT_EQ(errorOf([&] { (void)QueueName::parse(name); }).kind(), PrintError::Kind::Usage) << name;
+    EXPECT_EQ(errorOf([&] { (void)QueueName::parse(name); }).kind(), PrintError::Kind::Usage)
+        << name;
 }
 
 }  // namespace

@@ -128,6 +128,8 @@ TEST(StoredSettingsFaults, AFolderWithoutPermissionsIsReportedAndLeftAlone) {
   const TemporaryFolder folder;
   const StoredSettings settings(folder / "publishing");
   settings.store("Queue", kOld);
+  OrdinaryUser::own(folder / "publishing");
+  OrdinaryUser::own(folder / "publishing/Queue.conf");
   std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
   for (const auto permissions : {std::filesystem::perms(0), std::filesystem::perms(0555)}) {
     std::filesystem::permissions(folder / "publishing", permissions);
@@ -143,6 +145,7 @@ TEST(StoredSettingsFaults, AFolderWithoutPermissionsIsReportedAndLeftAlone) {
                 ElementsAre(AllOf(HasSubstr("Queue.conf"), HasSubstr("Permission denied"))));
   }
   std::filesystem::permissions(folder / "publishing", std::filesystem::perms(0700));
+  const OrdinaryUser ordinary;
   EXPECT_EQ(settings.load("Queue").values, kOld);
 }
 

@@ -236,9 +236,9 @@ TEST_F(Submission, FollowingEndsWhenTheCallerWishes) {
   const Printer printer = Printer::openQueue(kQueue);
   const int job = print(printer, printer.newTicket());
   std::vector<ipp_jstate_t> states;
-  const JobStatus status = followJob(
-      job, {.changed = [&](const JobStatus& now) { states.push_back(now.state); },
-            .goesOn = [&] { return states.back() != IPP_JSTATE_PROCESSING; }});
+  const JobStatus status =
+      followJob(job, {.changed = [&](const JobStatus& now) { states.push_back(now.state); },
+                      .goesOn = [&] { return states.back() != IPP_JSTATE_PROCESSING; }});
   EXPECT_EQ(status.state, IPP_JSTATE_PROCESSING);
   EXPECT_EQ(states.back(), IPP_JSTATE_PROCESSING);
   std::filesystem::remove(cups_.out() + "/block");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <csignal>
+#include <string>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -41,6 +42,12 @@ class OrdinaryUser {
   ~OrdinaryUser() { EXPECT_EQ(seteuid(before_), 0); }
   OrdinaryUser(const OrdinaryUser&) = delete;
   OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  // Makes the file or folder that user's. To be called while there is none.
+  static void own(const std::string& path) {
+    if (geteuid() != 0) return;
+    EXPECT_EQ(chown(path.c_str(), kNobody, static_cast<gid_t>(-1)), 0);
+  }
 
  private:
   static constexpr uid_t kNobody = 65534;

@@ -55,9 +55,9 @@ RunningProgram::RunningProgram(const std::vector<std::string>& command,
   const int output = open((folder_ / "output").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, kMode);
   const int errors = open((folder_ / "errors").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, kMode);
   GError* error = nullptr;
-  const gboolean runs = g_spawn_async_with_fds(SOURCE_FOLDER, arguments.data(), variables,
-                                               G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr,
-                                               &process_, -1, output, errors, &error);
+  const gboolean runs =
+      g_spawn_async_with_fds(SOURCE_FOLDER, arguments.data(), variables, G_SPAWN_DO_NOT_REAP_CHILD,
+                             nullptr, nullptr, &process_, -1, output, errors, &error);
   close(output);
   close(errors);
   g_strfreev(variables);

@@ -28,9 +28,11 @@ class PublishingOnServer : public ::testing::Test {
     PrivateCups::instance().addQueue("Second", TEST_DATA "/zephrel-ps-9000.ppd");
   }
 
+  // A job that is still blocked would keep the next one waiting.
   void TearDown() override {
-    for (const char* file : {"/fail", "/block"})
-      std::filesystem::remove(cups_.out() + file);
+    for (const char* file : {"/fail", "/block"}) {
+      if (std::filesystem::remove(cups_.out() + file)) cups({"cancel", "-a", kQueue});
+    }
   }
 
   // The user has settings and lpoptions of this test alone.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the program publishing makes of documents, options and defaults on its way to the server.
 #include <fstream>
+#include <memory>
+#include <sstream>
 
 #include <gmock/gmock.h>
 
@@ -84,7 +86,8 @@ TEST_F(PublishingJobs, TakeOptionsAsLpDoes) {
   EXPECT_THAT(cups_.receivedOptions(job),
               ::testing::IsSupersetOf({Pair("collate", "true"), Pair("page-ranges", "1-2,5"),
                                        Pair("fit-to-page", "true"), Pair("mirror", "false")}));
-  EXPECT_EQ(cups_.receivedOptions(printed(Words{"-n", "2", "-o", "collate=false"}))["collate"], "false");
+  EXPECT_EQ(cups_.receivedOptions(printed(Words{"-n", "2", "-o", "collate=false"}))["collate"],
+            "false");
 }
 
 TEST_F(PublishingJobs, ChooseTrueAndFalseOfThePPDsOptions) {
@@ -188,11 +191,78 @@ TEST_F(PublishingJobs, NameTheWayOutOfARememberedList) {
   std::filesystem::create_directories(config_ / "publishing");
   std::ofstream(config_ / "publishing/" + std::string(kQueue) + ".conf")
       << "[Publishing]\nVtPageinsertState=On\nVtPageinsertNums=5-5\nVtPageinsertValue=0\nVtPiIndex="
-         "0\n";
+         "0\nPageMediaType=PrnDef\n";
   const Outcome outcome = print({"--dry-run"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, AllOf(HasSubstr("5-5"), HasSubstr("--fresh"), HasSubstr("--insert")));
   EXPECT_EQ(print({"--dry-run", "--fresh"}).status, 0);
+}
+
+TEST_F(PublishingJobs, AreNotPrintedOnAnotherMediumThanTheRememberedOne) {
+  const std::string text = contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd");
+  cups_.addQueue("Changing", home_.file("before.ppd", text));
+  const auto print = [&](Words options) {
+    options.insert(options.begin(), {"print", "-d", "Changing"});
+    options.emplace_back(kReport);
+    return run(options);
+  };
+  ASSERT_EQ(print({"--cover", "front", "--cover-media", "Leather", "--remember"}).status, 0);
+  std::string without;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    const bool isGone = line.find("CoverMediaType Leather") != std::string::npos;
+    if (!isGone) without += line + '\n';
+  }
+  cups_.addQueue("Changing", home_.file("after.ppd", without));
+  for (const Words& options : {Words{}, Words{"--insert", "5"}}) {
+    const Outcome outcome = print(options);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, AllOf(HasSubstr("Leather"), HasSubstr("--fresh")));
+  }
+  EXPECT_EQ(print({"--cover", "none", "--dry-run"}).status, 0);
+  EXPECT_EQ(print({"--fresh", "--dry-run"}).status, 0);
+}
+
+TEST_F(PublishingJobs, StoreNothingInFoldersThatAreNotTheUsers) {
+  std::map<std::string, std::string> place = environment();
+  const auto remember = [&] {
+    return runProgram(
+        {PUBLISHING_PROGRAM, "print", "-d", kQueue, "--cover", "front", "--remember", kReport},
+        place);
+  };
+  // The folder of the test program, were it taken for the home, would be the sources'.
+  place["XDG_CONFIG_HOME"] = "relative";
+  EXPECT_EQ(remember().status, 0);
+  EXPECT_TRUE(std::filesystem::exists(home_ / ".config/publishing"));
+  EXPECT_FALSE(std::filesystem::exists(SOURCE_FOLDER "/relative"));
+  place["XDG_CONFIG_HOME"] = config_.path();
+  std::filesystem::permissions(config_.path(), std::filesystem::perms::all);
+  const std::ptrdiff_t before = jobs();
+  const Outcome outcome = remember();
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr(config_.path()), HasSubstr("everybody")));
+  EXPECT_EQ(jobs(), before);
+}
+
+// As many as a user's scripts may start at once.
+TEST_F(PublishingJobs, RememberedAtOnceLeaveOneWholeFile) {
+  std::vector<std::unique_ptr<RunningProgram>> programs;
+  const auto start = [&] {
+    programs.push_back(std::make_unique<RunningProgram>(
+        std::vector<std::string>{PUBLISHING_PROGRAM, "print", "-d", kQueue, "--insert", "4,7",
+                                 "--remember", TEST_DATA "/report.ps"},
+        environment()));
+  };
+  for (int number = 0; number < 20; ++number)
+    start();
+  for (const auto& program : programs)
+    EXPECT_EQ(program->finish().status, 0);
+  programs.clear();
+  for (int number = 0; number < 10; ++number)
+    start();
+  programs.clear();  // killed
+  EXPECT_EQ(stored()["VtPageinsertState"], "On");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(config_ / "publishing"), {}), 1);
 }
 
 TEST_F(PublishingJobs, UseTheOptionsOfAnInstance) {

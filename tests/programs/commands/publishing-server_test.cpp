@@ -41,7 +41,7 @@ TEST_F(PublishingOnServer, PrintsCoversAndInserts) {
 
 TEST_F(PublishingOnServer, RemembersTheChoicesOfEachQueue) {
   ASSERT_EQ(print({"--cover", "front", "--insert", "4,7", "--remember"}).status, 0);
-  EXPECT_EQ(stored()["VtPageinsertNums"], "4,7,");
+  EXPECT_EQ(stored()["VtPageinsertNums"], "4,7");
   EXPECT_THAT(stored("Second"), IsEmpty());
 
   const auto summary = [this](const Words& options) {

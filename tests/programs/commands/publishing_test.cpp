@@ -378,7 +378,8 @@ TEST_F(Publishing, OverwritesNeitherTheDocumentNorThePPD) {
 TEST_F(Publishing, LeavesNothingWhenPrintingIntoAFileIsInterrupted) {
   const std::string large = write("large.pdf", samplePDF(20000));
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    RunningProgram program({PUBLISHING_PROGRAM, "print", "--ppd", kPPD, "--output", path("out.ps"), large});
+    RunningProgram program(
+        {PUBLISHING_PROGRAM, "print", "--ppd", kPPD, "--output", path("out.ps"), large});
     const std::string children = "/proc/" + std::to_string(program.process()) + "/task/" +
                                  std::to_string(program.process()) + "/children";
     std::string filters;
