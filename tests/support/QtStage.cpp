@@ -4,7 +4,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -39,6 +38,15 @@ void clickAt(QWidget* widget, QPoint place) {
   QApplication::sendEvent(widget, &release);
 }
 
+void pickItem(QComboBox* menu, int index) {
+  if (!menu->isEnabled() || index < 0 || index >= menu->count()) return;
+  menu->showPopup();
+  const QModelIndex item = menu->model()->index(index, 0);
+  menu->view()->setCurrentIndex(item);  // goes to no disabled item
+  if (menu->view()->currentIndex() == item) pressKey(menu->view(), Qt::Key_Return);
+  menu->hidePopup();
+}
+
 QtAlertWatch::QtAlertWatch(AlertSink alerts) : alerts_(std::move(alerts)) {
   qApp->installEventFilter(this);
 }
@@ -46,13 +54,20 @@ QtAlertWatch::QtAlertWatch(AlertSink alerts) : alerts_(std::move(alerts)) {
 bool QtAlertWatch::eventFilter(QObject* object, QEvent* event) {
   auto* box = qobject_cast<QMessageBox*>(object);
   if (box != nullptr && event->type() == QEvent::Show) {
-    QTimer::singleShot(0, box, [this, box] {
-      alerts_(box->text().toStdString(), box->informativeText().toStdString(),
-              withoutMnemonic(box->defaultButton()->text()).toStdString());
-      box->defaultButton()->click();
-    });
+    QTimer::singleShot(0, box, [this, box] { answer(*box); });
   }
   return false;
+}
+
+void QtAlertWatch::answer(QMessageBox& box) {
+  QAbstractButton* chosen = box.defaultButton();
+  for (QAbstractButton* button : box.buttons()) {
+    if (next_ && box.buttonRole(button) == *next_) chosen = button;
+  }
+  next_.reset();
+  alerts_(box.text().toStdString(), box.informativeText().toStdString(),
+          withoutMnemonic(chosen->text()).toStdString());
+  chosen->click();
 }
 
 QtStage::QtStage(AlertSink alerts)
@@ -94,19 +109,11 @@ void QtStage::clickRadioCell(std::int64_t column) {
   if (column >= 0 && column < cells.size()) cells.at(static_cast<int>(column))->click();
 }
 
-// Opens the menu and picks the item with the keyboard.
 void QtStage::choose(const std::string& popUp, std::int64_t index) {
   auto* interface = shown();
   if (interface == nullptr) return;
-  QtPopUpButton* menu = interface->popUpButton(popUp);
-  if (!menu->widget()->isEnabled() || index < 0 || index >= menu->numberOfItems()) return;
-  auto* comboBox = qobject_cast<QComboBox*>(menu->widget());
-  comboBox->showPopup();
-  QAbstractItemView* items = comboBox->view();
-  const QModelIndex item = comboBox->model()->index(static_cast<int>(index), 0);
-  items->setCurrentIndex(item);  // goes to no disabled item
-  if (items->currentIndex() == item) pressKey(items, Qt::Key_Return);
-  comboBox->hidePopup();
+  pickItem(qobject_cast<QComboBox*>(interface->popUpButton(popUp)->widget()),
+           static_cast<int>(index));
 }
 
 void QtStage::type(const std::string& text) {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QComboBox>
+#include <QMessageBox>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "shells/qt/QtBundle.h"
@@ -16,16 +19,25 @@ void pressKey(QWidget* widget, int key, const QString& text = {});
 // Clicks with the mouse at the place in the widget.
 void clickAt(QWidget* widget, QPoint place);
 
+// Opens the menu and picks the item with the keyboard; nothing happens when it cannot be picked.
+void pickItem(QComboBox* menu, int item);
+
 // Dismisses each message box with its default button as soon as it is shown.
 class QtAlertWatch final : public QObject {
  public:
   explicit QtAlertWatch(AlertSink alerts);
 
+  // The next box is answered with its first button of this role instead.
+  void answerNext(QMessageBox::ButtonRole role) { next_ = role; }
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  void answer(QMessageBox& box);
+
   AlertSink alerts_;
+  std::optional<QMessageBox::ButtonRole> next_;
 };
 
 // A panel script's stage on Qt's widgets: the panel's view stands in a window, and gestures are
