@@ -42,12 +42,20 @@ Qt::Alignment alignmentOf(const InterfaceObject& object) {
   return alignment;
 }
 
+// A tab does not ask how high its text becomes at the width that it gets. So the text gets a width
+// to begin with, and the height that it needs there.
+void wrap(QLabel& label, int characters) {
+  label.setWordWrap(true);
+  const int width = characters * label.fontMetrics().averageCharWidth();
+  label.setMinimumSize(width, label.heightForWidth(width));
+}
+
 // A label takes its mnemonic only with the control that it is for.
 QWidget* makeLabel(const InterfaceObject& object) {
   const bool isForControl = !object.property("mnemonic-widget").isEmpty();
   auto* label = new QLabel(isForControl ? labelOf(object) : object.property("label"));
   label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(object.isTrue("wrap"));
+  if (object.isTrue("wrap")) wrap(*label, object.number("max-width-chars"));
   const auto& styles = object.styles;
   if (std::find(styles.begin(), styles.end(), "dim-label") != styles.end()) {
     label->setForegroundRole(QPalette::PlaceholderText);

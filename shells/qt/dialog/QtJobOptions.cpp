@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "Publishing/PublishingKeys.h"
+#include "Publishing/PublishingFeatures.h"
 
 namespace publishing {
 namespace {
@@ -18,7 +18,10 @@ namespace {
 constexpr auto kCupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
 bool isPanelKey(std::string_view name) {
-  return std::find(std::begin(kPanelKeys), std::end(kPanelKeys), name) != std::end(kPanelKeys);
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [name](const auto& feature) {
+    return std::find(std::begin(feature.keys), std::end(feature.keys), name) !=
+           std::end(feature.keys);
+  });
 }
 
 }  // namespace
