@@ -18,6 +18,8 @@ constexpr double kGap = 10;
 constexpr double kRowDistance = 12;
 constexpr double kTitleHeight = 26;
 constexpr double kLegendHeight = 22;
+constexpr double kLegendDistance = 18;
+constexpr double kSwatchDistance = 8;
 constexpr double kSwatchWidth = 26;
 constexpr double kSwatchHeight = 17;
 constexpr double kTitleSize = 14;
@@ -63,14 +65,21 @@ class Layout {
     y_ += rowHeight_ + kRowDistance;
   }
 
+  // Beside the last one where there is room, else below it.
   void legend(const std::string& text, PicturePaper paper) {
-    drawing_.paper({kMargin, y_ + (kLegendHeight - kSwatchHeight) / 2, kSwatchWidth, kSwatchHeight},
-                   paper);
-    caption({kMargin + kSwatchWidth + 8, y_ + kLegendHeight / 2}, text, kTextSize);
-    y_ += kLegendHeight;
+    const double width = kSwatchWidth + kSwatchDistance + widthOf(text, kTextSize);
+    if (legendX_ > kMargin && legendX_ + width > kMargin + rowWidth_) {
+      legendX_ = kMargin;
+      y_ += kLegendHeight;
+    }
+    drawing_.paper(
+        {legendX_, y_ + (kLegendHeight - kSwatchHeight) / 2, kSwatchWidth, kSwatchHeight}, paper);
+    caption({legendX_ + kSwatchWidth + kSwatchDistance, y_ + kLegendHeight / 2}, text, kTextSize);
+    legendX_ += width + kLegendDistance;
   }
 
   SheetPicture finish() {
+    if (legendX_ > kMargin) y_ += kLegendHeight;
     SheetPicture picture;
     picture.width = right_ + kMargin;
     picture.height = y_ + kMargin;
@@ -116,6 +125,7 @@ class Layout {
   double rowHeight_ = 0;
   double right_ = kMargin;
   double y_ = kMargin;
+  double legendX_ = kMargin;  // where the next entry begins
 };
 
 std::string shownName(const std::string& medium, const PictureOptions& options) {

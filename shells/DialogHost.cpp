@@ -8,6 +8,7 @@
 #include <glib.h>
 
 #include "base/Translation.h"
+#include "printing/SheetSentence.h"
 
 namespace publishing {
 namespace {
@@ -119,7 +120,16 @@ void DialogHost::panelChanged() {
   if (panel_ == nullptr) return;
   giveMedia(true);
   panel_->showReasons(dialog_.places());
-  dialog_.setSummary(panel_->summary());
+  showSheets();
+}
+
+void DialogHost::showSheets() {
+  const JobSheets sheets = panel_->sheets(dialog_.job(), dialog_.documentPages());
+  std::string text = sentenceOf(sheets);
+  for (const std::string& warning : warningsOf(sheets))
+    text += '\n' + warning;
+  dialog_.showSheets(sheets);
+  dialog_.setSummary(text);
 }
 
 void DialogHost::showHelp() {

@@ -46,6 +46,8 @@ class DialogHost {
   // Shows the panel's media in the dialog's own tabs.
   void giveMedia(bool byUser);
   void panelChanged();
+  // Says and draws what would come out.
+  void showSheets();
 
   ToolkitDialog& dialog_;
   // Shared with whoever waits for an alert of the panel, which may outlast the host.

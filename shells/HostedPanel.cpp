@@ -10,8 +10,8 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/Remembering.h"
+#include "shells/PanelOptions.h"
 #include "shells/PanelReasons.h"
-#include "shells/PanelSummary.h"
 
 namespace publishing {
 namespace {
@@ -95,6 +95,7 @@ void HostedPanel::takeJob(const DialogJob& job) {
   ticket_.setReverse(job.reverse);
   printer_->ppd()->markDefaults();
   printer_->ppd()->mark(printer_->defaults());
+  printer_->ppd()->mark({{"sides", keywordOf(job.sides)}});
   printer_->ppd()->mark(job.options);
 }
 
@@ -166,8 +167,16 @@ void HostedPanel::remember(const JobTicket::Options& settings) const {
   }
 }
 
-std::string HostedPanel::summary() const {
-  return summaryOf(panel_->state(), " · ");
+JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentPages) const {
+  panel_->updateSettings();
+  JobTicket::Options options = *ticket_.copyAsDictionary();
+  addPanelOptions(options, panel_->state(), job.sides != Sides::OneSided, mediumOf(kFeatures[0]),
+                  mediumOf(kFeatures[1]));
+  options["copies"] = std::to_string(job.copies);
+  options["Collate"] = job.collated ? "True" : "False";
+  if (!job.pageRanges.empty()) options["page-ranges"] = job.pageRanges;
+  if (!job.pageSet.empty()) options["page-set"] = job.pageSet;
+  return sheetsOf(options, printer_->ppd(), documentPages);
 }
 
 void HostedPanel::showReasons(const DialogPlaces& places) {

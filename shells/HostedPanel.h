@@ -10,6 +10,7 @@
 
 #include "Publishing/PublishingFeatures.h"
 #include "Publishing/PublishingPDEPlugin.h"
+#include "printing/JobSheets.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
@@ -75,8 +76,8 @@ class HostedPanel {
   // Remembers saved settings for the queue's next job; trouble goes to the log only.
   void remember(const JobTicket::Options& settings) const;
 
-  // One line: "Cover Mode: On · Page Insert: Off".
-  [[nodiscard]] std::string summary() const;
+  // What would come out if the user pressed Print now. `documentPages` as far as it is known.
+  [[nodiscard]] JobSheets sheets(const DialogJob& job, std::optional<int> documentPages) const;
 
   // Sets the tooltips of the controls that cannot be used.
   void showReasons(const DialogPlaces& places);

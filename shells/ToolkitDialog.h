@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "printing/JobSheets.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
@@ -33,6 +34,9 @@ class ToolkitDialog {
 
   // What the dialog's own tabs say of the job.
   [[nodiscard]] virtual DialogJob job() const = 0;
+
+  // How many pages the document has; nothing when the program does not tell.
+  [[nodiscard]] virtual std::optional<int> documentPages() const { return std::nullopt; }
 
   // Shows a choice of the printer's options in the dialog's own tabs; false when they have no such
   // option. `byUser`: the choice follows from a gesture, not from what is stored.
@@ -71,8 +75,11 @@ class ToolkitDialog {
   // Shows the panel's view, which came from a bundle of makeBundle(); the panel was offered.
   virtual void showPanel(View& view) = 0;
 
-  // One line below the panel, while it is shown.
+  // Some lines below the panel, while it is shown: what comes out of the printer, in words.
   virtual void setSummary(const std::string& text) = 0;
+
+  // The same as a picture, for dialogs that have one.
+  virtual void showSheets(const JobSheets& /*sheets*/) {}
 
   [[nodiscard]] virtual bool isTabInFront() const = 0;
   virtual void bringTabToFront() = 0;

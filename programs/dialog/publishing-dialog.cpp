@@ -10,11 +10,13 @@
 
 #include "base/Translation.h"
 #include "printing/Document.h"
+#include "printing/PageCount.h"
 #include "printing/PrintError.h"
 #include "programs/dialog/DialogExtension.h"
 #include "programs/dialog/DocumentPrinter.h"
 #include "programs/terminal/ExitStatus.h"
 #include "programs/terminal/Terminal.h"
+#include "shells/ExtensionNames.h"
 #include "shells/gtk/GObjectPtr.h"
 
 namespace {
@@ -32,6 +34,8 @@ int printWithDialog(const std::string& path) {
   const auto widget = shareGObject(
       gtk_print_unix_dialog_new(translated("Print %s", document.defaultTitle()).c_str(), nullptr));
   auto* dialog = GTK_PRINT_UNIX_DIALOG(widget.get());
+  g_object_set_data(G_OBJECT(dialog), DOCUMENT_PAGES_KEY,
+                    GINT_TO_POINTER(pagesIn(path).value_or(0)));
   DocumentPrinter printer(document, dialog);
   const ExitStatus status = printer.run();
   gtk_widget_destroy(widget.get());

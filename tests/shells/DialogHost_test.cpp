@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/sheets/SheetText.h"
 #include "tests/shells/TinyDialog.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -30,6 +31,7 @@ class DialogHostTest : public testing::Test {
     dialog.selectPrinter(printer);
     dialog.lookAtTab();
   }
+  void wishForEverything();
   [[nodiscard]] HeadlessCheckBox& box(const char* name) const {
     return *dialog.panel().checkBox(name);
   }
@@ -70,7 +72,7 @@ TEST_F(DialogHostTest, PanelIsMadeWhenTheUserLooks) {
   EXPECT_FALSE(dialog.hasPanel());
   dialog.lookAtTab();
   EXPECT_TRUE(dialog.hasPanel());
-  EXPECT_EQ(dialog.summary(), "Cover Mode: Off · Page Insert: Off");
+  EXPECT_EQ(dialog.summary(), "No covers and no inserts.");
 }
 
 TEST_F(DialogHostTest, JobGetsWhatThePanelSaved) {
@@ -78,7 +80,7 @@ TEST_F(DialogHostTest, JobGetsWhatThePanelSaved) {
   box("CmCheckBox").click();
   popUp("CmMediaType").choose(4);
   box("CmFrontOutside").click();
-  EXPECT_EQ(dialog.summary(), "Cover Mode: On · Page Insert: Off");
+  EXPECT_EQ(dialog.summary(), "Front cover on Coated Paper, page 1 outside.");
   EXPECT_EQ(dialog.choice("CoverMediaType"), "Coated");
   ASSERT_TRUE(dialog.print());
   EXPECT_THAT(dialog.handedOver,
@@ -86,6 +88,83 @@ TEST_F(DialogHostTest, JobGetsWhatThePanelSaved) {
                                    Pair("VtCovermodeRadioButtonState", "1"), Pair("VtCmIndex", "4"),
                                    Pair("VtUnspecified", "1"), Pair("VtPageinsertState", "Off"),
                                    Pair("CoverMediaType", "Coated")));
+}
+
+// Covers on both sides and inserts in a two-sided job.
+void DialogHostTest::wishForEverything() {
+  dialog.change([](DialogJob& job) { job.sides = Sides::TwoSidedLongEdge; });
+  box("CmCheckBox").click();
+  dialog.panel().radioMatrix("CmFrontandBackMatrix")->click(1);
+  popUp("CmMediaType").choose(4);
+  box("CmFrontOutside").click();
+  box("CmBackOutside").click();
+  box("PiCheckBox").click();
+  dialog.panel().textField("PiPageNum")->type("4-6,9");
+  popUp("PiMediaType").choose(2);
+  box("PiPrintOnFront").click();
+}
+
+std::string sheetsIn(const JobSheets& job) {
+  return job.plan ? written(job.plan->sheets) : "unknown";
+}
+
+TEST_F(DialogHostTest, SheetsFollowEveryGesture) {
+  dialog.pages = 8;
+  choose(office);
+  EXPECT_EQ(sheetsIn(dialog.sheets()), "B1 B2 B3 B4 B5 B6 B7 B8");
+  wishForEverything();
+  EXPECT_EQ(sheetsIn(dialog.sheets()), "C1|- B2|3 I4|- I5|- I6|- B7|- C-|8");
+  EXPECT_EQ(dialog.summary(),
+            "Front and back cover on Coated Paper, page 1 outside on the front and page 8 outside "
+            "on the back; pages 4\u20136 on sheets of Recycled Paper. 7 sheets in all.\n"
+            "No insert for page 9: the last page comes before it.");
+  box("PiPrintOnFront").click();
+  EXPECT_EQ(sheetsIn(dialog.sheets()), "C1|- B2|3 I-|- B4|- I-|- B5|- I-|- B6|7 C-|8");
+  box("CmCheckBox").click();
+  box("PiCheckBox").click();
+  EXPECT_EQ(sheetsIn(dialog.sheets()), "B1|2 B3|4 B5|6 B7|8");
+}
+
+TEST_F(DialogHostTest, SheetsFollowTheDialogsOwnTabs) {
+  dialog.pages = 8;
+  choose(office);
+  dialog.change([](DialogJob& job) { job.copies = 3; });
+  EXPECT_EQ(dialog.sheets().plan->sheetCount(), 24);
+  dialog.change([](DialogJob& job) { job.pageRanges = "2-5"; });
+  EXPECT_EQ(dialog.sheets().plan->sheetCount(), 12);
+  dialog.change([](DialogJob& job) { job.pageSet = "even"; });
+  EXPECT_EQ(dialog.sheets().plan->sheetCount(), 6);
+  dialog.change([](DialogJob& job) { job.numberUp = 4; });
+  EXPECT_EQ(dialog.sheets().plan->sheetCount(), 3);
+}
+
+TEST_F(DialogHostTest, SheetsOfADocumentOfUnknownLengthAreAScheme) {
+  choose(office);
+  wishForEverything();
+  EXPECT_FALSE(dialog.sheets().plan);
+  EXPECT_THAT(dialog.summary(), HasSubstr("pages 4\u20136 and 9 on sheets"));
+}
+
+TEST_F(DialogHostTest, SheetsShownAreThoseOfTheJob) {
+  dialog.pages = 30;
+  choose(office);
+  wishForEverything();
+  const JobSheets shown = dialog.sheets();
+  ASSERT_TRUE(dialog.print());
+  PPDDocument ppd = PPDDocument::openFile(office);
+  JobTicket::Options options = dialog.handedOver;
+  options["sides"] = keywordOf(dialog.settings().sides);
+  ppd.mark(options);
+  EXPECT_EQ(sheetsIn(sheetsOf(options, &ppd, dialog.pages)), sheetsIn(shown));
+}
+
+TEST_F(DialogHostTest, SheetsOfAListThatIsNotInOrderAreThoseBeforeItsFault) {
+  dialog.pages = 6;
+  choose(office);
+  box("PiCheckBox").click();
+  dialog.panel().textField("PiPageNum")->type("2,3,5-");
+  EXPECT_EQ(sheetsIn(dialog.sheets()), "B1 I- B2 I- B3 B4 B5 B6");
+  EXPECT_THAT(dialog.alerts, IsEmpty());
 }
 
 TEST_F(DialogHostTest, BadPageListKeepsTheDialogOpen) {

@@ -49,8 +49,13 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] bool hasPanel() const { return isPanelShown_; }
   [[nodiscard]] const std::string& message() const { return message_; }
   [[nodiscard]] const std::string& summary() const { return summary_; }
+  [[nodiscard]] const JobSheets& sheets() const { return sheets_; }
+  [[nodiscard]] const DialogJob& settings() const { return job_; }
   [[nodiscard]] std::string choice(const std::string& option) const;
   [[nodiscard]] bool isTabInFront() const override { return isTabInFront_; }
+
+  // How many pages the document has, if the program tells.
+  std::optional<int> pages;
 
   // The options that the last job got.
   JobTicket::Options handedOver;
@@ -73,6 +78,8 @@ class TinyDialog final : public ToolkitDialog {
   void offerPanel(const std::string& name) override { message_ = name; }
   void showPanel(View& view) override;
   void setSummary(const std::string& text) override { summary_ = text; }
+  [[nodiscard]] std::optional<int> documentPages() const override { return pages; }
+  void showSheets(const JobSheets& sheets) override { sheets_ = sheets; }
   void bringTabToFront() override { isTabInFront_ = true; }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   void sayHelpIsMissing() override { alerts.emplace_back("help"); }
@@ -88,6 +95,7 @@ class TinyDialog final : public ToolkitDialog {
   bool isTabInFront_ = false;
   std::string message_;
   std::string summary_;
+  JobSheets sheets_;
   std::unique_ptr<DialogHost> host_ = std::make_unique<DialogHost>(*this);
 };
 

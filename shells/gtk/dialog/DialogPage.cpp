@@ -14,6 +14,16 @@ constexpr const char* kMessage = "message";
 constexpr const char* kPanel = "panel";
 constexpr int kSpacing = 12;
 constexpr int kMessageWidth = 50;  // characters
+constexpr int kSummaryLines = 3;
+
+// How high that many lines are in the widget's font.
+int heightOfLines(GtkWidget* widget, int lines) {
+  const std::string text(static_cast<std::size_t>(lines - 1), '\n');
+  const GObjectPtr<PangoLayout> layout(gtk_widget_create_pango_layout(widget, text.c_str()));
+  int height = 0;
+  pango_layout_get_pixel_size(layout.get(), nullptr, &height);
+  return height;
+}
 
 }  // namespace
 
@@ -49,10 +59,27 @@ void DialogPage::addMessage() {
 void DialogPage::addPanel() {
   panelBox_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
   gtk_container_set_border_width(GTK_CONTAINER(panelBox_), kSpacing);
+  sheets_ = std::make_unique<SheetsView>(
+      [this](const std::string& words) { say(words.empty() ? summaryText_ : words); });
+  gtk_box_pack_end(GTK_BOX(panelBox_), makeFoot(), FALSE, FALSE, 0);
+  gtk_box_pack_end(GTK_BOX(panelBox_), sheets_->widget(), TRUE, TRUE, 0);
+  gtk_widget_show_all(panelBox_);
+  gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
+}
+
+// What comes out in words, in as much room whatever it says, and Help.
+GtkWidget* DialogPage::makeFoot() {
   GtkWidget* foot = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kSpacing);
   summary_ = gtk_label_new(nullptr);
-  gtk_label_set_ellipsize(GTK_LABEL(summary_), PANGO_ELLIPSIZE_END);
-  gtk_label_set_xalign(GTK_LABEL(summary_), 0);
+  auto* summary = GTK_LABEL(summary_);
+  gtk_label_set_line_wrap(summary, TRUE);
+  gtk_label_set_lines(summary, kSummaryLines);
+  gtk_label_set_ellipsize(summary, PANGO_ELLIPSIZE_END);
+  gtk_label_set_xalign(summary, 0);
+  gtk_label_set_yalign(summary, 0);
+  gtk_label_set_selectable(summary, TRUE);
+  gtk_widget_set_can_focus(summary_, FALSE);
+  gtk_widget_set_size_request(summary_, -1, heightOfLines(summary_, kSummaryLines));
   gtk_widget_set_hexpand(summary_, TRUE);
   gtk_style_context_add_class(gtk_widget_get_style_context(summary_), "dim-label");
   GtkWidget* help = gtk_button_new_with_mnemonic(translated("_Help").c_str());
@@ -62,9 +89,8 @@ void DialogPage::addPanel() {
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   gtk_container_add(GTK_CONTAINER(foot), summary_);
   gtk_container_add(GTK_CONTAINER(foot), help);
-  gtk_box_pack_end(GTK_BOX(panelBox_), foot, FALSE, FALSE, 0);
-  gtk_widget_show_all(panelBox_);
-  gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
+  gtk_widget_set_valign(help, GTK_ALIGN_START);
+  return foot;
 }
 
 void DialogPage::removePanel() {
@@ -113,7 +139,18 @@ void DialogPage::showPanel(GtkWidget* view) {
 }
 
 void DialogPage::setSummary(const std::string& text) {
+  summaryText_ = text;
+  say(text);
+}
+
+// A tooltip has room for what the lines have not.
+void DialogPage::say(const std::string& text) {
   gtk_label_set_text(GTK_LABEL(summary_), displayText(text).c_str());
+  gtk_widget_set_tooltip_text(summary_, displayText(text).c_str());
+}
+
+void DialogPage::showSheets(const JobSheets& sheets) {
+  sheets_->show(sheets);
 }
 
 }  // namespace publishing

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include <gtk/gtk.h>
 
+#include "printing/JobSheets.h"
 #include "shells/gtk/SignalHandlers.h"
+#include "shells/gtk/dialog/SheetsView.h"
 
 namespace publishing {
 
@@ -38,14 +41,17 @@ class DialogPage {
   // Whether the user looks at the tab.
   [[nodiscard]] bool isInFront() const { return gtk_widget_get_mapped(content()) != 0; }
 
-  // Only while the panel is shown.
+  // Both only while the panel is shown.
   void setSummary(const std::string& text);
+  void showSheets(const JobSheets& sheets);
 
  private:
   void removePanel();
   void drawMessage();
   void addMessage();
   void addPanel();
+  GtkWidget* makeFoot();
+  void say(const std::string& text);
 
   GObjectPtr<GtkWidget> content_;
   GObjectPtr<GtkWidget> label_;
@@ -55,7 +61,9 @@ class DialogPage {
   GtkWidget* message_ = nullptr;
   GtkWidget* panelBox_ = nullptr;
   GtkWidget* panel_ = nullptr;  // null while a message is shown
+  std::unique_ptr<SheetsView> sheets_;
   GtkWidget* summary_ = nullptr;
+  std::string summaryText_;
   std::function<void()> help_;
   SignalHandlers handlers_;
 };

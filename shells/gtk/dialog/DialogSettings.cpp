@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/dialog/DialogSettings.h"
 
+#include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "shells/Guarded.h"
@@ -22,6 +24,38 @@ Sides sidesOf(GtkPrintSettings* settings) {
   }
 }
 
+std::string pageRangesOf(GtkPrintSettings* settings) {
+  constexpr const char* kOnePage = "1-1";
+  switch (gtk_print_settings_get_print_pages(settings)) {
+    case GTK_PRINT_PAGES_CURRENT:
+      return kOnePage;  // whichever it is
+    case GTK_PRINT_PAGES_RANGES:
+      break;
+    default:
+      return {};
+  }
+  gint count = 0;
+  GtkPageRange* ranges = gtk_print_settings_get_page_ranges(settings, &count);
+  std::string text;
+  for (gint i = 0; i < count; ++i) {
+    const std::string last = ranges[i].end < 0 ? "" : std::to_string(ranges[i].end + 1);
+    text += (i == 0 ? "" : ",") + std::to_string(ranges[i].start + 1) + "-" + last;
+  }
+  g_free(ranges);
+  return text;
+}
+
+std::string pageSetOf(GtkPrintSettings* settings) {
+  switch (gtk_print_settings_get_page_set(settings)) {
+    case GTK_PAGE_SET_EVEN:
+      return "even";
+    case GTK_PAGE_SET_ODD:
+      return "odd";
+    default:
+      return {};
+  }
+}
+
 void addOption(const gchar* key, const gchar* value, gpointer job) {
   const std::string_view name = key;
   if (!name.starts_with(kOptionPrefix) || value == nullptr) return;
@@ -40,6 +74,10 @@ DialogJob jobOf(GtkPrintUnixDialog* dialog) {
   const int pages = gtk_print_settings_get_number_up(settings.get());
   if (JobTicket::isLayout(pages)) job.numberUp = pages;
   gtk_print_settings_foreach(settings.get(), addOption, &job);
+  job.copies = std::max(1, gtk_print_settings_get_n_copies(settings.get()));
+  job.collated = gtk_print_settings_get_collate(settings.get()) != 0;
+  job.pageRanges = pageRangesOf(settings.get());
+  job.pageSet = pageSetOf(settings.get());
   return job;
 }
 

@@ -7,6 +7,7 @@
 #include "Publishing/global.h"
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
+#include "shells/ExtensionNames.h"
 #include "shells/Guarded.h"
 #include "shells/HostMessages.h"
 #include "shells/gtk/GtkBundle.h"
@@ -138,6 +139,11 @@ std::optional<ToolkitDialog::Selection> PrintDialogHost::selection() const {
 
 DialogJob PrintDialogHost::job() const {
   return jobOf(dialog_);
+}
+
+std::optional<int> PrintDialogHost::documentPages() const {
+  const int pages = GPOINTER_TO_INT(g_object_get_data(G_OBJECT(dialog_), DOCUMENT_PAGES_KEY));
+  return pages > 0 ? std::optional(pages) : std::nullopt;
 }
 
 void PrintDialogHost::openPrinter(const std::string& queue, Opened opened,

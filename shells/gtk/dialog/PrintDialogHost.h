@@ -48,6 +48,7 @@ class PrintDialogHost final : private ToolkitDialog {
 
   [[nodiscard]] std::optional<Selection> selection() const override;
   [[nodiscard]] DialogJob job() const override;
+  [[nodiscard]] std::optional<int> documentPages() const override;
   bool showChoice(const std::string& option, const std::string& choice, bool byUser) override;
   void handOver(const JobTicket::Options& options) override;
   [[nodiscard]] const DialogPlaces& places() const override;
@@ -58,6 +59,7 @@ class PrintDialogHost final : private ToolkitDialog {
   void offerPanel(const std::string& name) override { page_.offerPanel(name); }
   void showPanel(View& view) override;
   void setSummary(const std::string& text) override { page_.setSummary(text); }
+  void showSheets(const JobSheets& sheets) override { page_.showSheets(sheets); }
   [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
   void bringTabToFront() override;
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;

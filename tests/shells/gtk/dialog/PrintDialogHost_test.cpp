@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "shells/ExtensionNames.h"
 #include "tests/cups/PrivateCups.h"
 #include "tests/support/PrintDialogUser.h"
 
@@ -46,7 +47,19 @@ TEST_F(PrintDialogHostTest, PanelIsShownForAPrinterThatHasItsOptions) {
   user.openTab("Publishing");
   EXPECT_FALSE(user.isTicked("CmCheckBox"));
   EXPECT_TRUE(user.isSensitive("CmCheckBox"));
-  EXPECT_TRUE(user.shows("Cover Mode: Off"));
+  EXPECT_TRUE(user.shows("No covers and no inserts."));
+}
+
+TEST_F(PrintDialogHostTest, TotalIsSaidWhenTheProgramTellsTheNumberOfPages) {
+  PrintDialogUser user;
+  g_object_set_data(G_OBJECT(user.dialog()), DOCUMENT_PAGES_KEY, GINT_TO_POINTER(24));
+  user.choosePrinter("Office");
+  user.openTab("Publishing");
+  EXPECT_TRUE(user.shows("No covers and no inserts. 24 sheets in all."));
+  user.setDialogOption("gtk-duplex", "DuplexNoTumble");
+  PrintDialogUser::waitUntil("the sheets of a two-sided job", [&] {
+    return user.shows("No covers and no inserts. 12 sheets in all.");
+  });
 }
 
 TEST_F(PrintDialogHostTest, FileHasNoPanelButAReason) {
@@ -79,7 +92,9 @@ TEST_F(PrintDialogHostTest, JobCarriesWhatThePanelSaved) {
   user.type("5,8,12-14");
   user.pick("PiMediaType", 2);
   user.click("PiPrintOnFront");
-  EXPECT_TRUE(user.shows("Cover Mode: On · Page Insert: On"));
+  EXPECT_TRUE(
+      user.shows("Front and back cover on Coated Paper, page 1 outside; pages 5, 8 and "
+                 "12\u201314 on sheets of Recycled Paper."));
   ASSERT_TRUE(user.print()) << user.alerts.back().message;
   EXPECT_EQ(user.setting("cups-VtCoverModeState"), "On");
   EXPECT_EQ(user.setting("cups-VtCoverModeValue"), "1");
