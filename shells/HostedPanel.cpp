@@ -170,8 +170,8 @@ void HostedPanel::remember(const JobTicket::Options& settings) const {
 JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentPages) const {
   panel_->updateSettings();
   JobTicket::Options options = *ticket_.copyAsDictionary();
-  addPanelOptions(options, panel_->state(), job.sides != Sides::OneSided, mediumOf(kFeatures[0]),
-                  mediumOf(kFeatures[1]));
+  addPanelOptions(options, panel_->state(), job.sides != Sides::OneSided, mediumOf(kCoverMode),
+                  mediumOf(kPageInsert));
   options["copies"] = std::to_string(job.copies);
   options["Collate"] = job.collated ? "True" : "False";
   if (!job.pageRanges.empty()) options["page-ranges"] = job.pageRanges;

@@ -17,13 +17,16 @@ _publishing_options() {
     print) echo -d --printer --ppd --output --sides --number-up --reverse -n --copies -P --pages -t --title \
       -o --option --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
       --remember --ignore-conflicts --dry-run --wait --json --help ;;
+    sheets) echo -d --printer --ppd --pages --picture --sides --number-up --reverse -n --copies -P -o --option \
+      --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh --ignore-conflicts \
+      --json --help ;;
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
     settings) echo show clear -d --printer --json --help ;;
     printer) echo enable disable status -d --printer --all --ppd --output --json --help ;;
     extension) echo enable disable status --system --json --help ;;
     dialog) echo --help ;;
-    *) echo print media pages settings printer extension dialog --version --help ;;
+    *) echo print sheets media pages settings printer extension dialog --version --help ;;
   esac
 }
 
@@ -35,12 +38,12 @@ _publishing() {
   COMPREPLY=()
   if [[ $values ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$values" -- "$word")
-  elif [[ $previous == --ppd || $previous == --output ]]; then
+  elif [[ $previous == --ppd || $previous == --output || $previous == --picture ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
   elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|printer|extension)$ ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
-  elif [[ $command == print || $command == dialog ]]; then
+  elif [[ $command == print || $command == sheets || $command == dialog ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
   fi

@@ -16,6 +16,7 @@
 #include "programs/commands/PrintCommand.h"
 #include "programs/commands/PrinterCommand.h"
 #include "programs/commands/SettingsCommand.h"
+#include "programs/commands/SheetsCommand.h"
 #include "programs/commands/UsageError.h"
 #include "programs/terminal/Terminal.h"
 
@@ -54,6 +55,7 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   app.require_subcommand(1);
   ExitStatus status = kDone;
   addPrintCommand(app, status);
+  addSheetsCommand(app, status);
   addMediaCommand(app, status);
   addPagesCommand(app, status);
   addSettingsCommand(app, status);

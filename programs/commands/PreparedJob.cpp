@@ -10,7 +10,6 @@
 #include "printing/Remembering.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/PanelDump.h"
-#include "shells/PanelSummary.h"
 
 namespace publishing {
 namespace {
@@ -174,8 +173,8 @@ void PreparedJob::checkConflicts(bool ignore) {
   if (!conflicts_.empty() && !ignore) refuseConflicts(conflicts_);
 }
 
-std::string PreparedJob::summary() const {
-  return summaryOf(user_->panel().state(), ", ");
+JobSheets PreparedJob::sheets(std::optional<int> documentPages) const {
+  return sheetsOf(printer_.jobOptions(ticket_), printer_.ppd(), documentPages);
 }
 
 json PreparedJob::report() const {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "printing/JobSheets.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/Remembering.h"
@@ -25,8 +27,8 @@ class PreparedJob {
   [[nodiscard]] const Printer& printer() const { return printer_; }
   [[nodiscard]] const JobTicket& ticket() const { return ticket_; }
 
-  // One line for the user: whether there are covers and inserts.
-  [[nodiscard]] std::string summary() const;
+  // What a document with that many pages comes out as.
+  [[nodiscard]] JobSheets sheets(std::optional<int> documentPages) const;
 
   // What --json writes: the panel as panel scripts dump it, and the job made of it.
   [[nodiscard]] nlohmann::json report() const;

@@ -27,14 +27,14 @@ void addSides(CLI::App& command, std::optional<Sides>& sides) {
       ->type_name("SIDES");
 }
 
-void addJobOptions(CLI::App& command, JobWishes& wishes) {
+void addJobOptions(CLI::App& command, JobWishes& wishes, const std::string& ranges) {
   addSides(command, wishes.sides);
   addNumber(command, "--number-up", wishes.numberUp,
             translated("Pages on one side: 1, 2, 4, 6, 9 or 16"));
   command.add_flag_callback(
       "--reverse", [&wishes] { wishes.reverse = true; }, translated("Print the last page first"));
   addNumber(command, "-n,--copies", wishes.copies, translated("Number of copies, collated"));
-  addText(command, "-P,--pages", wishes.pages,
+  addText(command, ranges, wishes.pages,
           translated("Print these pages alone, as in 1-4,7. --insert counts the printed pages"))
       ->type_name("PAGES");
   command
@@ -67,12 +67,8 @@ void addPanelOptions(CLI::App& command, PanelRequest& panel) {
 }
 
 void addConduct(CLI::App& command, PrintArguments& arguments) {
-  command.add_flag("--fresh", arguments.fresh,
-                   translated("Start without the settings remembered for the queue"));
   command.add_flag("--remember", arguments.remember,
                    translated("Remember the covers and inserts for the queue"));
-  command.add_flag("--ignore-conflicts", arguments.ignoreConflicts,
-                   translated("Print even if choices conflict"));
   CLI::Option* dryRun = command.add_flag("--dry-run", arguments.dryRun,
                                          translated("Check everything, print and store nothing"));
   const auto wait = [&arguments](const std::string& seconds) {
@@ -118,14 +114,22 @@ std::optional<int> PrintArguments::waitingSeconds() const {
   return wait ? wholeNumber(*wait) : std::nullopt;
 }
 
-void addPrintArguments(CLI::App& command, PrintArguments& arguments) {
+void addJobArguments(CLI::App& command, PrintArguments& arguments, const std::string& ranges) {
   addPrinterArgument(command, arguments.printer);
+  addJobOptions(command, arguments.wishes, ranges);
+  addPanelOptions(command, arguments.wishes.panel);
+  command.add_flag("--fresh", arguments.fresh,
+                   translated("Start without the settings remembered for the queue"));
+  command.add_flag("--ignore-conflicts", arguments.ignoreConflicts,
+                   translated("Print even if choices conflict"));
+}
+
+void addPrintArguments(CLI::App& command, PrintArguments& arguments) {
+  addJobArguments(command, arguments, "-P,--pages");
   addText(command, "--output", arguments.output,
           translated("With --ppd: the file to print into, without a print server"))
       ->type_name("FILE");
   addText(command, "-t,--title", arguments.title, translated("The job's title"));
-  addJobOptions(command, arguments.wishes);
-  addPanelOptions(command, arguments.wishes.panel);
   addConduct(command, arguments);
   command.add_flag("--json", arguments.json, translated("Write the result as JSON"));
   command

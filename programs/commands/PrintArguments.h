@@ -33,7 +33,13 @@ struct PrintArguments {
   [[nodiscard]] std::optional<int> waitingSeconds() const;
 };
 
-// `arguments` must outlive the parsing.
+// In both, `arguments` must outlive the parsing.
+
+// What a job is asked for, and of which printer. `ranges` are the names of the option that takes
+// page ranges.
+void addJobArguments(CLI::App& command, PrintArguments& arguments, const std::string& ranges);
+
+// The whole.
 void addPrintArguments(CLI::App& command, PrintArguments& arguments);
 
 }  // namespace publishing

@@ -11,13 +11,16 @@
 #include "base/Translation.h"
 #include "printing/Document.h"
 #include "printing/OfflineChain.h"
+#include "printing/PageCount.h"
 #include "printing/PrintError.h"
+#include "printing/SheetSentence.h"
 #include "printing/StoredSettings.h"
 #include "printing/Submission.h"
 #include "programs/commands/Failure.h"
 #include "programs/commands/JobProgress.h"
 #include "programs/commands/PreparedJob.h"
 #include "programs/commands/PrintArguments.h"
+#include "programs/commands/SheetsReport.h"
 #include "programs/terminal/Interruption.h"
 #include "programs/terminal/Terminal.h"
 
@@ -99,6 +102,22 @@ void printPrepared(const PrintArguments& arguments, const PreparedJob& prepared,
   }
 }
 
+// Says what each document comes out as; before a dry run ends, sheet by sheet.
+void tellSheets(const PrintArguments& arguments, const PreparedJob& prepared,
+                const std::vector<Document>& documents) {
+  for (const Document& document : documents) {
+    const JobSheets job = prepared.sheets(pagesIn(document.path()));
+    for (const std::string& warning : warningsOf(job))
+      warn(warning);
+    if (arguments.json) continue;
+    const std::string sentence = sentenceOf(job);
+    // TRANSLATORS: The name of a document and what becomes of it.
+    say(documents.size() == 1 ? sentence
+                              : translated("%1$s: %2$s", document.defaultTitle(), sentence));
+    if (arguments.dryRun && job.plan) say('\n' + tableOf(job) + '\n');
+  }
+}
+
 ExitStatus runPrint(PrintArguments& arguments) {
   arguments.check();
   std::vector<Document> documents = opened(arguments.documents);
@@ -106,7 +125,7 @@ ExitStatus runPrint(PrintArguments& arguments) {
   checkJobTitle(title);
   const PreparedJob prepared(arguments);
   json report = prepared.report();
-  if (!arguments.json) say(prepared.summary());
+  tellSheets(arguments, prepared, documents);
 
   const Interruption interruption;
   ExitStatus status = kDone;

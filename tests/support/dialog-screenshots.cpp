@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 
+#include "shells/ExtensionNames.h"
 #include "tests/support/Picture.h"
 #include "tests/support/PrintDialogUser.h"
 
@@ -31,6 +32,7 @@ void chooseSheets(PrintDialogUser& user) {
 
 void draw(const std::string& queue, const std::string& prefix, const char* duplex) {
   PrintDialogUser user;
+  g_object_set_data(G_OBJECT(user.dialog()), DOCUMENT_PAGES_KEY, GINT_TO_POINTER(24));
   user.choosePrinter(queue);
   user.setDialogOption("gtk-duplex", duplex);
   chooseCovers(user);

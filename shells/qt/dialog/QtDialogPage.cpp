@@ -44,6 +44,7 @@ QWidget* QtDialogPage::makeFoot() {
   summary_ = new QLabel(foot);
   summary_->setTextFormat(Qt::PlainText);
   summary_->setForegroundRole(QPalette::PlaceholderText);
+  summary_->setWordWrap(true);
   summary_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* help = new QPushButton(withMnemonic(translated("_Help")), foot);
   help->setAutoDefault(false);

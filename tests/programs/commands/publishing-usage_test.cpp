@@ -51,7 +51,7 @@ TEST_F(PublishingUsage, NamesTheFaultAndWhereHelpIs) {
     const char* message;
     const char* help;
   } cases[] = {
-      {{}, "Name a command: print, media, pages", "Help: publishing --help"},
+      {{}, "Name a command: print, sheets, media, pages", "Help: publishing --help"},
       {{"prnt"}, "There is no command \"prnt\". Did you mean print?", "Help: publishing --help"},
       {{"frobnicate"}, "There is no command \"frobnicate\".\n", "Help: publishing --help"},
       {{"settings"}, "Name a command: show, clear.", "Help: publishing settings --help"},
