@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Draws the print dialog with the panel's tabs in front, for a queue of the server that CUPS_SERVER
 // names:
-//   dialog-screenshots QUEUE PREFIX
+//   dialog-screenshots QUEUE PREFIX [--rtl]
 #include <exception>
 #include <iostream>
 
@@ -45,10 +45,12 @@ void draw(const std::string& queue, const std::string& prefix, const char* duple
 
 int main(int argc, char** argv) {
   gtk_init(&argc, &argv);
-  if (argc != 3) {
-    std::cerr << "usage: dialog-screenshots QUEUE PREFIX\n";
+  if (argc < 3) {
+    std::cerr << "usage: dialog-screenshots QUEUE PREFIX [--rtl]\n";
     return 2;
   }
+  if (argc > 3 && std::string(argv[3]) == "--rtl")
+    gtk_widget_set_default_direction(GTK_TEXT_DIR_RTL);
   const std::string prefix = argv[2];
   try {
     draw(argv[1], prefix + "one-sided-", "None");
