@@ -26,6 +26,8 @@
 #include "base/AtomicFile.h"
 #include "base/Descriptor.h"
 #include "base/Translation.h"
+#include "printing/OfflineSheets.h"
+#include "printing/OptionEncoding.h"
 #include "printing/PrintError.h"
 #include "printing/Submission.h"
 
@@ -55,17 +57,6 @@ std::string programPath() {
   }
   throw PrintError::trouble(
       translated("%s is not installed: install the package cups-daemon or cups.", kProgram));
-}
-
-// NAME="VALUE" as cupsParseOptions reads it: quotes and backslashes escaped, everything else as it
-// stands.
-std::string quotedOption(const std::string& name, const std::string& value) {
-  std::string text = name + "=\"";
-  for (const char byte : value) {
-    if (byte == '"' || byte == '\\') text += '\\';
-    text += byte;
-  }
-  return text + '"';
 }
 
 // Where the PostScript goes: a file that stands there whole or not at all, or, for a target that is
@@ -258,7 +249,9 @@ void printToFile(const Printer& printer, const JobTicket& ticket, const Document
   checkJobTitle(title);
   checkNoForeignProgram(printer);
   checkOutput(output, printer, document);
-  const auto arguments = argumentsFor(printer.name(), printer.jobOptions(ticket), document, title);
+  const JobTicket::Options options = printer.jobOptions(ticket);
+  auto arguments = sheetFilterCommand(printer, options, document, title);
+  if (arguments.empty()) arguments = argumentsFor(printer.name(), options, document, title);
   Output file(output);
   Chain chain(arguments);
   const std::uint64_t length = copyAll(chain.output(), file, goesOn);

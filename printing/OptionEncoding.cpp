@@ -60,4 +60,13 @@ std::optional<std::string> valueForFilters(const std::string& name, const std::s
   return whole;
 }
 
+std::string quotedOption(const std::string& name, const std::string& value) {
+  std::string text = name + "=\"";
+  for (const char byte : value) {
+    if (byte == '"' || byte == '\\') text += '\\';
+    text += byte;
+  }
+  return text + '"';
+}
+
 }  // namespace publishing

@@ -13,4 +13,8 @@ namespace publishing {
 // makes no sense to CUPS.
 std::optional<std::string> valueForFilters(const std::string& name, const std::string& value);
 
+// NAME="VALUE" as cupsParseOptions reads it: quotes and backslashes escaped, everything else as it
+// stands.
+std::string quotedOption(const std::string& name, const std::string& value);
+
 }  // namespace publishing

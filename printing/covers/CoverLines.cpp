@@ -9,6 +9,7 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/covers/CoverConstraints.h"
+#include "printing/ppd/PPDDocument.h"
 
 namespace publishing {
 namespace {
@@ -117,7 +118,7 @@ void addCodes(const PrinterVerdict& verdict, Lines& lines) {
 // Printer commands keep the driver's own way when it has one in the form that stays in force.
 void addFilters(const std::vector<PPDStatement>& statements, const PrinterVerdict& verdict,
                 Lines& lines) {
-  lines.add("*cupsFilter: \"application/vnd.publishing-postscript 0 " + verdict.program + "\"");
+  lines.add("*cupsFilter: \"" + std::string(kSheetType) + " 0 " + verdict.program + "\"");
   const auto filters = filterLinesOf(statements);
   if (std::none_of(filters.begin(), filters.end(), staysInForce))
     lines.add("*cupsFilter: \"application/vnd.cups-command 0 commandtops\"");

@@ -162,6 +162,26 @@ std::optional<std::string> PPDDocument::foreignProgram() const {
   return std::nullopt;
 }
 
+bool PPDDocument::hasSheetFilter() const {
+  for (int i = 0; i < ppd_->num_filters; ++i) {
+    if (std::string_view(ppd_->filters[i]).starts_with(kSheetType)) return true;
+  }
+  return false;
+}
+
+// A filter's line has a type, a cost and the program behind the type, "-" for none.
+bool PPDDocument::takesPostScript() const {
+  if (ppdFindAttr(ppd_.get(), "cupsFilter2", nullptr) != nullptr) return false;
+  if (ppd_->num_filters == 0) return true;
+  for (int i = 0; i < ppd_->num_filters; ++i) {
+    const std::string_view line(ppd_->filters[i]);
+    const bool isPostScript = line.starts_with("application/vnd.cups-postscript") ||
+                              line.starts_with("application/postscript");
+    if (isPostScript && line.ends_with(" -")) return true;
+  }
+  return false;
+}
+
 void PPDDocument::markDefaults() {
   ppdMarkDefaults(ppd_.get());
 }

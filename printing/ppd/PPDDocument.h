@@ -16,6 +16,10 @@
 
 namespace publishing {
 
+// The type of documents for which a PPD asks when its jobs go through the filter for covers and
+// inserts.
+inline constexpr const char* kSheetType = "application/vnd.publishing-postscript";
+
 class PPDDocument {
  public:
   // Throws PrintError (Trouble) with the file, the fault and its line when the PPD cannot be used.
@@ -43,6 +47,12 @@ class PPDDocument {
   // choosing, with the rights of whoever runs the filters: "cupsFilter ... /tmp/program" or
   // "FoomaticRIPCommandLine". Nothing for a PPD that names installed filters only, or none.
   [[nodiscard]] std::optional<std::string> foreignProgram() const;
+
+  // Whether jobs go through the filter that makes covers and inserts: the PPD asks for its type.
+  [[nodiscard]] bool hasSheetFilter() const;
+
+  // Whether the printer gets PostScript as CUPS's own filters make it.
+  [[nodiscard]] bool takesPostScript() const;
 
   // Marks the PPD's defaults and nothing else.
   void markDefaults();

@@ -11,6 +11,7 @@
 #include "base/Translation.h"
 #include "printing/Document.h"
 #include "printing/OfflineChain.h"
+#include "printing/OfflineSheets.h"
 #include "printing/PageCount.h"
 #include "printing/PrintError.h"
 #include "printing/SheetSentence.h"
@@ -126,6 +127,9 @@ ExitStatus runPrint(PrintArguments& arguments) {
   const PreparedJob prepared(arguments);
   json report = prepared.report();
   tellSheets(arguments, prepared, documents);
+  const std::string note =
+      noteOnSheets(prepared.printer(), prepared.printer().jobOptions(prepared.ticket()));
+  if (!note.empty()) warn(note);
 
   const Interruption interruption;
   ExitStatus status = kDone;

@@ -26,6 +26,8 @@ TEST_F(PublishingOnServer, PrintsCoversAndInserts) {
   ASSERT_EQ(outcome.status, 0) << outcome.errors;
   const json report = json::parse(outcome.output);
   EXPECT_EQ(report["state"], "completed");
+  EXPECT_THAT(outcome.errors,
+              HasSubstr(std::string("publishing printer enable -d ") + kQueue + "\n"));
 
   const int job = report["job"];
   EXPECT_THAT(cups_.received(job, "data"),

@@ -143,16 +143,62 @@ TEST_F(Publishing, ListsMediaWithTheReasonAgainstTheUnavailable) {
   EXPECT_EQ(items[8], json({{"choice", "Tray3"}, {"text", "Tray 3"}, {"allowed", true}}));
 }
 
-TEST_F(Publishing, HandsTheMediaToThePrinterInPostScript) {
-  const std::string output = path("out.ps");
-  const Outcome outcome =
-      run({"print", "--ppd", kPPD, "--output", output, "--sides", "two-sided-long-edge", "--cover",
-           "front-back", "--cover-media", "Tray2", "--insert", "5,8,12-14", "--insert-media",
-           "Tray 3", document_});
-  ASSERT_EQ(outcome.status, 0) << outcome.errors;
-  EXPECT_THAT(contentsOfFile(output), AllOf(HasSubstr("%%BeginFeature: *CoverMediaType Tray2"),
-                                            HasSubstr("%%BeginFeature: *PageMediaType Tray3"),
-                                            HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble")));
+class PublishingToAFile : public Publishing {
+ protected:
+  // The PostScript of a document of three pages for the printer of that PPD.
+  [[nodiscard]] std::string printed(const std::string& ppd, const Words& options) {
+    const std::string document = write("three.pdf", samplePDF(3));
+    Words words = {"print", "--ppd", ppd, "--output", path("out.ps")};
+    words.insert(words.end(), options.begin(), options.end());
+    words.push_back(document);
+    outcome_ = run(words);
+    EXPECT_EQ(outcome_.status, 0) << outcome_.errors;
+    return contentsOfFile(path("out.ps"));
+  }
+
+  [[nodiscard]] static std::ptrdiff_t sidesIn(const std::string& postScript) {
+    std::ptrdiff_t count = 0;
+    for (std::size_t at = 0; (at = postScript.find("\n%%Page: ", at)) != std::string::npos; ++at)
+      ++count;
+    return count;
+  }
+
+  // The sample PPD after "printer enable".
+  [[nodiscard]] std::string enabledPPD() const {
+    const Outcome outcome = run({"printer", "enable", "--ppd", kPPD, "--output", path("on.ppd")});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    return path("on.ppd");
+  }
+
+  Outcome outcome_;
+};
+
+TEST_F(PublishingToAFile, MakesEverySheetOnItsPaper) {
+  const Words options = {
+      "--sides=two-sided-long-edge", "--cover=front-back", "--cover-media=Tray2",
+      "--cover-sides=none",          "--insert=2",         "--insert-media=Tray3",
+      "--insert-sides=none"};
+  for (const std::string& ppd : {std::string(kPPD), enabledPPD()}) {
+    const std::string postScript = printed(ppd, options);
+    // C-|- B1|- I-|- B2|3 C-|-
+    EXPECT_EQ(sidesIn(postScript), 10) << ppd;
+    EXPECT_THAT(postScript, AllOf(HasSubstr("%%BeginFeature: *InputSlot Tray2\n"),
+                                  HasSubstr("%%BeginFeature: *InputSlot Tray3\n"),
+                                  HasSubstr("%%BeginFeature: *CoverMediaType PrnDef\n"),
+                                  HasSubstr("%%BeginFeature: *Duplex DuplexNoTumble\n")));
+    EXPECT_THAT(outcome_.errors, IsEmpty());
+  }
+}
+
+TEST_F(PublishingToAFile, MakesAsManyCopiesAsAreWanted) {
+  EXPECT_EQ(sidesIn(printed(kPPD, {"--cover=front", "--cover-media=Tray2", "--cover-sides=none",
+                                   "-n", "2", "-o", "collate=true"})),
+            8);
+}
+
+TEST_F(PublishingToAFile, PrintsJobsWithoutCoversOnEveryPPD) {
+  for (const std::string& ppd : {std::string(kPPD), enabledPPD()})
+    EXPECT_EQ(sidesIn(printed(ppd, {})), 3) << ppd;
 }
 
 TEST_F(Publishing, DryRunReportsStateAndJob) {
