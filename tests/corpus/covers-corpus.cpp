@@ -15,13 +15,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int check(const std::vector<fs::path>& packages, const std::string& cupstestppd,
+int check(const std::vector<fs::path>& packages, std::size_t every, const std::string& cupstestppd,
           const fs::path& report) {
   using namespace publishing::corpus;
   EnabledTally tally;
+  std::size_t number = 0;
   for (const fs::path& package : packages) {
-    for (const fs::path& file : filesBelow(package))
-      checkEnabledPPD(file, fs::relative(file, package.parent_path()).string(), cupstestppd, tally);
+    for (const fs::path& file : filesBelow(package)) {
+      if (number++ % every == 0)
+        checkEnabledPPD(file, fs::relative(file, package.parent_path()).string(), cupstestppd,
+                        tally);
+    }
   }
   writeEnabledReport(std::cout, tally);
   if (!report.empty()) {
@@ -36,14 +40,16 @@ int run(int argc, char** argv) {
   CLI::App app("Enable and disable covers in PPDs", "covers-corpus");
   std::vector<fs::path> packages;
   std::string cupstestppd;
+  std::size_t every = 1;
   fs::path report;
   app.add_option("FOLDER", packages, "Folders of PPDs, one for each package")
       ->required()
       ->check(CLI::ExistingDirectory);
   app.add_option("--cupstestppd", cupstestppd, "Compare the verdicts of this program, too");
+  app.add_option("--every", every, "Take every Nth PPD only")->check(CLI::PositiveNumber);
   app.add_option("--report", report, "Write the report to this file as well");
   CLI11_PARSE(app, argc, argv);
-  return check(packages, cupstestppd, report);
+  return check(packages, every, cupstestppd, report);
 }
 
 }  // namespace

@@ -124,6 +124,14 @@ def cut(medium, keys):
     return tuple((key, str(medium.get(key))) for key in keys) if isinstance(medium, dict) else medium
 
 
+def is_from(medium, seen, keys):
+    """Whether a side with what was seen comes from that medium. What a choice does not speak of, such as
+    the number of the feeder where the printer selects one by itself, counts only when the choice speaks
+    of nothing."""
+    said = [key for key in keys if isinstance(medium, dict) and medium.get(key) is not None]
+    return cut(seen, said or keys) == cut(medium, said or keys)
+
+
 def look_different(media):
     keys = telling_keys(media)
     return len({cut(medium, keys) for medium in media}) == len(media)
@@ -195,7 +203,7 @@ def faults_of(stream, trays, pictures, sheets):
     faults = []
     for number, (side, (role, page)) in enumerate(zip(sides, expected), 1):
         medium = media[role]
-        if cut(side.medium, keys) != cut(medium, keys):
+        if not is_from(medium, side.medium, keys):
             faults.append(f"side {number}: from {cut(side.medium, keys)} instead of {cut(medium, keys)}")
         if side.blank != (page == "-"):
             faults.append(f"side {number}: {'blank' if side.blank else 'not blank'}")

@@ -38,6 +38,19 @@ class OtherPrinters(unittest.TestCase):
         self.assertFalse(other_printers.faults_of(stream, body_alone, pictures, "B1 B2 B3 B4 B5"))
 
 
+class WhereSidesComeFrom(unittest.TestCase):
+    KEYS = ("SelectsByItself", "Feeder")
+
+    def test_a_choice_counts_by_what_it_says(self):
+        by_itself = {"SelectsByItself": True}
+        self.assertTrue(other_printers.is_from(by_itself, by_itself | {"Feeder": 1}, self.KEYS))
+        self.assertFalse(other_printers.is_from(by_itself, {"SelectsByItself": False}, self.KEYS))
+
+    def test_after_a_choice_that_says_nothing_nothing_is_left(self):
+        self.assertTrue(other_printers.is_from({}, {}, self.KEYS))
+        self.assertFalse(other_printers.is_from({}, {"Feeder": 1}, self.KEYS))
+
+
 class OnAServer(OfficeTest):
     """The server's rules lead to publishingtops and from there to the printer's own driver."""
 
