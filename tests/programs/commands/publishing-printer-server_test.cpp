@@ -121,6 +121,28 @@ TEST_F(PublishingPrinterOnServer, OneBadQueueDoesNotStopTheOthers) {
   EXPECT_EQ(printer({"enable", "-d", "Raw", "-d", "Other"}).status, 1);
 }
 
+// cups-browsed makes such queues for those of other servers, with a backend of this name.
+TEST_F(PublishingPrinterOnServer, QueuesOfAnotherServerAreRefused) {
+  const std::string backends = cups_.out() + "/../lib/backend/";
+  std::filesystem::copy_file(backends + "tofile", backends + "implicitclass");
+  ASSERT_EQ(std::system("/usr/sbin/lpadmin -p Far -E -v implicitclass://Far/ -P " TEST_DATA
+                        "/zephrel-ps-9000.ppd 2>/dev/null"),
+            0);
+  const Outcome outcome = printer({"enable", "-d", "Far"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("another print server"));
+  EXPECT_THAT(ppdOf("Far"), Not(HasSubstr("publishing-postscript")));
+  ASSERT_EQ(std::system("/usr/sbin/lpadmin -x Far"), 0);
+}
+
+TEST_F(PublishingPrinterOnServer, ClassesOfPrintersAreRefused) {
+  ASSERT_EQ(std::system("/usr/sbin/lpadmin -p Other -c Office"), 0);
+  const Outcome outcome = printer({"enable", "-d", "Office"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("class of printers"));
+  ASSERT_EQ(std::system("/usr/sbin/lpadmin -x Office"), 0);
+}
+
 TEST_F(PublishingPrinterOnServer, WithoutAQueueTheDefaultOneIsMeant) {
   ASSERT_EQ(printer({"enable"}).status, 0);
   EXPECT_EQ(entryOf(printer({"status", "--json"}), "Zephrel")["enabled"], true);
