@@ -67,14 +67,16 @@ void AtomicFile::write(std::string_view bytes) const {
   }
 }
 
+bool AtomicFile::linkTo(const std::string& name) const {
+  const std::string own = name_.empty() ? "/proc/self/fd/" + std::to_string(descriptor_) : name_;
+  return linkat(AT_FDCWD, own.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
 // A nameless file can only get a name that is free, so it is renamed afterwards.
 void AtomicFile::giveName() {
-  const std::string self = "/proc/self/fd/" + std::to_string(descriptor_);
   do {
     std::string name = path_ + "." + std::to_string(g_random_int());
-    if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
-      name_ = std::move(name);
-    }
+    if (linkTo(name)) name_ = std::move(name);
   } while (name_.empty() && errno == EEXIST);
   check(!name_.empty());
 }
@@ -84,6 +86,12 @@ void AtomicFile::replace() {
   if (name_.empty()) giveName();
   check(rename(name_.c_str(), path_.c_str()) == 0);
   name_.clear();
+  syncFolder(folderOf(path_));
+}
+
+void AtomicFile::create() {
+  check(fsync(descriptor_) == 0);
+  check(linkTo(path_));
   syncFolder(folderOf(path_));
 }
 

@@ -29,7 +29,12 @@ class AtomicFile {
   // Puts it in the place of the earlier file, safe on the disk.
   void replace();
 
+  // Puts it under `path`, safe on the disk, if nothing stands there: else it throws, with the error
+  // EEXIST, also when another program was quicker by a moment.
+  void create();
+
  private:
+  [[nodiscard]] bool linkTo(const std::string& name) const;
   void giveName();
 
   std::string path_;

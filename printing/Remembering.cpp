@@ -31,12 +31,17 @@ std::optional<std::size_t> indexOf(const std::vector<PPDChoice>& choices,
 }
 
 std::string lossOf(const PublishingFeature& feature, const std::string& medium,
-                   const std::string& printer) {
+                   const std::string& printer, SettingsFrom from) {
   const bool isCover = feature.option == kCoverMode.option;
-  return translated(isCover ? N_("%s is no longer offered for covers by %s; covers are off.")
-                            : N_("%s is no longer offered for inserted sheets by %s; inserted "
-                                 "sheets are off."),
-                    shown(medium), shown(printer));
+  const bool isPreset = from == SettingsFrom::Preset;
+  const char* text =
+      isCover ? N_("%s is no longer offered for covers by %s; covers are off.")
+              : N_("%s is no longer offered for inserted sheets by %s; inserted sheets are off.");
+  if (isPreset) {
+    text = isCover ? N_("%s is not offered for covers by %s; covers are off.")
+                   : N_("%s is not offered for inserted sheets by %s; inserted sheets are off.");
+  }
+  return translated(text, shown(medium), shown(printer));
 }
 
 void forgetMedium(Values& values, const PublishingFeature& feature) {
@@ -46,9 +51,10 @@ void forgetMedium(Values& values, const PublishingFeature& feature) {
 
 // Of a medium without a keyword only the index is known, which says nothing of a present choice.
 void fitMedium(Remembered& fitted, const PublishingFeature& feature, const std::string& text,
-               const Printer& printer) {
+               const Printer& printer, SettingsFrom from) {
   Values& values = fitted.values;
-  const auto choices = printer.ppd()->choices(feature.option);
+  const auto choices =
+      printer.ppd() != nullptr ? printer.ppd()->choices(feature.option) : std::vector<PPDChoice>();
   const std::string keyword = valueOf(values, feature.option);
   if (keyword.empty() && !values.contains(feature.indexKey)) return;
   const auto index = indexOf(choices, keyword, text);
@@ -60,13 +66,13 @@ void fitMedium(Remembered& fitted, const PublishingFeature& feature, const std::
   }
   values[feature.stateKey] = kStoredOff;
   const std::string name = !text.empty() ? text : keyword;
-  fitted.losses.push_back(
-      lossOf(feature, !name.empty() ? name : translated("The remembered paper"), printer.name()));
+  fitted.losses.push_back(lossOf(feature, !name.empty() ? name : translated("The remembered paper"),
+                                 printer.name(), from));
 }
 
 }  // namespace
 
-Remembered fittedTo(const Printer& printer, Values values) {
+Remembered fittedTo(const Printer& printer, Values values, SettingsFrom from) {
   Remembered fitted;
   fitted.values = std::move(values);
   for (const PublishingFeature& feature : kFeatures) {
@@ -75,8 +81,8 @@ Remembered fittedTo(const Printer& printer, Values values) {
     fitted.values.erase(textKey);
     if (valueOf(fitted.values, feature.stateKey) != kStoredOn) {
       forgetMedium(fitted.values, feature);
-    } else if (printer.ppd() != nullptr) {
-      fitMedium(fitted, feature, text, printer);
+    } else if (printer.ppd() != nullptr || from == SettingsFrom::Preset) {
+      fitMedium(fitted, feature, text, printer, from);
     }
   }
   const auto list = fitted.values.find(kPageinsertNums);

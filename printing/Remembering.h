@@ -21,11 +21,15 @@ struct Remembered {
   std::vector<std::string> losses;    // for the user: media that the printer no longer has
 };
 
+// Where settings come from that are made to fit a printer.
+enum class SettingsFrom { Memory, Preset };
+
 // Makes settings that were remembered, or that come from a preset, fit the printer's PPD: each
-// medium gets its present index, found by keyword or else by text. Where it is gone, a loss names
-// it, and its feature is off in the values. What is remembered of a feature that is off has no
-// medium.
-Remembered fittedTo(const Printer& printer, StoredSettings::Values values);
+// medium gets its present index, found by keyword or else by text. Where the printer does not have
+// it, a loss names it, and its feature is off in the values. What is remembered of a feature that
+// is off has no medium.
+Remembered fittedTo(const Printer& printer, StoredSettings::Values values,
+                    SettingsFrom from = SettingsFrom::Memory);
 
 // What the store has for the printer, fitted to it.
 Remembered recall(const StoredSettings& store, const Printer& printer);

@@ -2,12 +2,10 @@
 #include "printing/StoredSettings.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <iterator>
 #include <optional>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -19,20 +17,19 @@
 
 #include "Publishing/PublishingFeatures.h"
 #include "base/AtomicFile.h"
+#include "base/FileName.h"
 #include "base/GlibHandles.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
 #include "base/UserFolders.h"
-#include "printing/JobTicket.h"
 #include "printing/PrintError.h"
+#include "printing/StoredValues.h"
 
 namespace publishing {
 namespace {
 
 constexpr const char* kGroup = "Publishing";
 constexpr std::size_t kLargestFile = 65536;  // bytes; a sound file has less than 4 KiB
-constexpr std::size_t kLongestPlainName = 200;
-constexpr std::size_t kLongestPageList = 2048;  // bytes; the panel accepts no longer one
 constexpr int kMostBrokenFiles = 999;
 
 std::vector<std::string> storedKeys() {
@@ -56,31 +53,10 @@ bool isStored(const std::string& key) {
   return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
-std::optional<std::string> faultOfList(const std::string& list) {
-  if (list.size() > kLongestPageList) {
-    return translated("The page list in %s is longer than %d bytes.", kPageinsertNums,
-                      static_cast<int>(kLongestPageList));
-  }
-  if (list.find_first_not_of("0123456789-,") == std::string::npos) return std::nullopt;
-  return translated("The page list in %s has characters other than digits, \"-\" and \",\".",
-                    kPageinsertNums);
-}
-
-std::optional<std::string> faultOfText(const std::string& key, const std::string& text) {
-  if (shown(text) == text) return std::nullopt;
-  return translated("The text in %s is too long or has characters that cannot be shown.", key);
-}
-
-// Why the value cannot be trusted; nothing when it can. What a job could not carry cannot.
+// Why the value cannot be trusted; nothing when it can.
 std::optional<std::string> faultOf(const std::string& key, const std::string& value) {
-  if (key == kPageinsertNums) return faultOfList(value);
-  if (isMediumText(key)) return faultOfText(key, value);
-  try {
-    checkJobOption(key, value);
-    return std::nullopt;
-  } catch (const PrintError& error) {
-    return error.what();
-  }
+  if (key == kPageinsertNums) return faultOfStoredPageList(key, value);
+  return isMediumText(key) ? faultOfStoredText(key, value) : faultOfStoredOption(key, value);
 }
 
 PrintError cannotWrite(const std::string& path, const std::string& reason) {
@@ -188,25 +164,8 @@ std::string StoredSettings::defaultFolder() {
   return userConfigFolder() + "/publishing";
 }
 
-// Letters, digits and "-._~" stand for themselves, other bytes as %XX. A name that would be too
-// long for a file gets a checksum in place of its end.
 std::string StoredSettings::fileOf(const std::string& queue) const {
-  std::string name;
-  for (const char byte : queue) {
-    if (g_ascii_isalnum(byte) || std::string_view("-._~").find(byte) != std::string_view::npos) {
-      name += byte;
-    } else {
-      std::array<char, 4> code{};
-      g_snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned char>(byte));
-      name += code.data();
-    }
-  }
-  if (name.size() > kLongestPlainName) {
-    const GlibText checksum(
-        g_compute_checksum_for_string(G_CHECKSUM_SHA256, queue.data(), std::ssize(queue)));
-    name = name.substr(0, kLongestPlainName - 64) + "%" + checksum.get();
-  }
-  return folder_ + "/" + name + ".conf";
+  return folder_ + "/" + fileNameOf(queue) + ".conf";
 }
 
 StoredSettings::Loaded StoredSettings::load(const std::string& queue) const {

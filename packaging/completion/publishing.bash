@@ -6,6 +6,7 @@ _publishing_values() {
     -d | --printer) lpstat -e 2>/dev/null ;;
     --sides) echo one-sided two-sided-long-edge two-sided-short-edge ;;
     --number-up) echo 1 2 4 6 9 16 ;;
+    --preset) publishing preset list 2>/dev/null ;;
     --cover) echo none front front-back ;;
     --cover-sides) echo none front-outside front-inside back-outside back-inside ;;
     --insert-sides) echo none front back ;;
@@ -15,18 +16,20 @@ _publishing_values() {
 _publishing_options() {
   case $1 in
     print) echo -d --printer --ppd --output --sides --number-up --reverse -n --copies -P --pages -t --title \
-      -o --option --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
+      -o --option --preset --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh \
       --remember --ignore-conflicts --dry-run --wait --json --help ;;
     sheets) echo -d --printer --ppd --pages --picture --sides --number-up --reverse -n --copies -P -o --option \
-      --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh --ignore-conflicts \
+      --preset --cover --cover-media --cover-sides --insert --insert-media --insert-sides --fresh --ignore-conflicts \
       --json --help ;;
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
     settings) echo show clear -d --printer --json --help ;;
+    preset) echo list show save delete export import -d --printer --ppd --sides --preset --cover --cover-media \
+      --cover-sides --insert --insert-media --insert-sides --name --force --json --help ;;
     printer) echo enable disable status -d --printer --all --ppd --output --json --help ;;
     extension) echo enable disable status --system --json --help ;;
     dialog) echo --help ;;
-    *) echo print sheets media pages settings printer extension dialog --version --help ;;
+    *) echo print sheets media pages settings preset printer extension dialog --version --help ;;
   esac
 }
 
@@ -41,7 +44,7 @@ _publishing() {
   elif [[ $previous == --ppd || $previous == --output || $previous == --picture ]]; then
     compopt -o filenames
     mapfile -t COMPREPLY < <(compgen -f -- "$word")
-  elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|printer|extension)$ ]]; then
+  elif [[ $word == -* || $COMP_CWORD == 1 || $command =~ ^(settings|preset|printer|extension)$ ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_publishing_options "$command")" -- "$word")
   elif [[ $command == print || $command == sheets || $command == dialog ]]; then
     compopt -o filenames

@@ -13,6 +13,7 @@
 #include "programs/commands/Failure.h"
 #include "programs/commands/MediaCommand.h"
 #include "programs/commands/PagesCommand.h"
+#include "programs/commands/PresetCommand.h"
 #include "programs/commands/PrintCommand.h"
 #include "programs/commands/PrinterCommand.h"
 #include "programs/commands/SettingsCommand.h"
@@ -59,6 +60,7 @@ ExitStatus runCommandLine(int count, const char* const* arguments) {
   addMediaCommand(app, status);
   addPagesCommand(app, status);
   addSettingsCommand(app, status);
+  addPresetCommand(app, status);
   addPrinterCommand(app, status);
   addExtensionCommand(app, status);
   addDialogCommand(app);

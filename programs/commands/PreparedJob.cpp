@@ -8,6 +8,7 @@
 #include "printing/JobLayout.h"
 #include "printing/PrintError.h"
 #include "printing/Remembering.h"
+#include "printing/presets/Presets.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/PanelDump.h"
 
@@ -32,6 +33,13 @@ json englishSummaryOf(const PublishingSettings& state) {
   const auto status = [](std::int64_t enableState) { return enableState == 1 ? kOn : kOff; };
   return {{kCovermodeStatus, status(state.covermodeEnableState)},
           {kPageinsertStatus, status(state.pageinsertEnableState)}};
+}
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words)
+    text += (text.empty() ? "" : ", ") + word;
+  return text;
 }
 
 // The medium that the queue's or the user's default options have for the feature.
@@ -61,6 +69,14 @@ PreparedJob::PreparedJob(PrintArguments& arguments) : printer_(arguments.printer
 
 // A medium that is gone is no reason to print on another one.
 void PreparedJob::restore(const PrintArguments& arguments) {
+  if (arguments.preset) {
+    StoredPreset found = Presets().find(*arguments.preset);
+    for (const std::string& warning : found.warnings)
+      warn(warning);
+    preset_ = std::move(found.preset);
+    restorePreset(arguments.wishes.panel);
+    return;
+  }
   if (!printer_.isQueue() || arguments.fresh) return;
   const Remembered remembered = recall(StoredSettings(), printer_);
   for (const std::string& warning : remembered.warnings)
@@ -70,6 +86,33 @@ void PreparedJob::restore(const PrintArguments& arguments) {
     ticket_.setValue(key, value);
   }
   if (!remembered.losses.empty()) checkLosses(remembered, arguments.wishes.panel);
+}
+
+// Of a feature whose paper the command line names, the preset's is not asked for.
+void PreparedJob::restorePreset(const PanelRequest& wish) {
+  StoredSettings::Values values = valuesOf(*preset_);
+  const auto dropMedium = [&values](const PublishingFeature& feature) {
+    values.erase(feature.option);
+    values.erase(StoredSettings::mediumTextKey(feature));
+  };
+  if (wish.coverMedia) dropMedium(kCoverMode);
+  if (wish.insertMedia) dropMedium(kPageInsert);
+  const Remembered fitted = fittedTo(printer_, values, SettingsFrom::Preset);
+  for (const auto& [key, value] : fitted.values) {
+    remembered_.setValue(key, value);
+    ticket_.setValue(key, value);
+  }
+  const bool missesCovers =
+      preset_->hasCover() && !isOn(kCoverMode, remembered_) && wish.cover.value_or("") != kNoCover;
+  const bool missesInserts = preset_->hasInserts() && !isOn(kPageInsert, remembered_) &&
+                             wish.insert.value_or("") != kNoInserts;
+  if (!missesCovers && !missesInserts) return;
+  std::string message;
+  for (const std::string& loss : fitted.losses)
+    message += loss + '\n';
+  throw PrintError::refused(
+      message + translated("Name another paper with --cover-media and --insert-media, or leave out "
+                           "what is not possible with --cover none and --insert none."));
 }
 
 void PreparedJob::checkLosses(const Remembered& remembered, const PanelRequest& wish) const {
@@ -131,13 +174,20 @@ void PreparedJob::drivePanel(const JobWishes& wishes) {
     user_->save();
   } catch (const PrintError& error) {
     if (wishes.panel.insert || !isOn(kPageInsert, remembered_)) throw;
-    throw PrintError(
-        error.kind(),
-        std::string(error.what()) + '\n' +
-            translated("The pages are remembered for %s (%s). Give others with --insert, or start "
-                       "without what is remembered with --fresh.",
-                       printer_.name(), shown(remembered_.getValue(kPageinsertNums).value_or(""))));
+    throw PrintError(error.kind(), std::string(error.what()) + '\n' + remedyForPages());
   }
+}
+
+// Where pages come from that the panel does not accept.
+std::string PreparedJob::remedyForPages() const {
+  if (preset_) {
+    return translated("The pages come from the preset \"%s\" (%s). Give others with --insert.",
+                      preset_->name, preset_->insert);
+  }
+  return translated(
+      "The pages are remembered for %s (%s). Give others with --insert, or start "
+      "without what is remembered with --fresh.",
+      printer_.name(), shown(remembered_.getValue(kPageinsertNums).value_or("")));
 }
 
 // The panel starts with its first medium; a default option of the queue is a choice of the user's.
@@ -155,15 +205,36 @@ void PreparedJob::takeDefaultMedia(const JobWishes& wishes) {
   user_->apply(request);
 }
 
-// Covers or inserts that are remembered, but not possible with this job's layout.
+// Covers or inserts that are remembered or in the preset, but not possible with this job's layout.
 void PreparedJob::tellLeftOut(const JobWishes& wishes) const {
   const bool covers = !wishes.panel.cover && isOn(kCoverMode, remembered_);
   const bool inserts = !wishes.panel.insert && isOn(kPageInsert, remembered_);
+  if (!hasLayout()) tellSidesLeftOut(wishes.panel);
   if (!hasLayout() || (!covers && !inserts)) return;
+  if (preset_) {
+    warn(
+        translated("The covers and inserts of the preset \"%s\" are left out: they cannot be "
+                   "combined with reverse output order or several pages per side.",
+                   preset_->name));
+    return;
+  }
   warn(
       translated("The covers and inserts remembered for %s are left out: they cannot be combined "
                  "with reverse output order or several pages per side.",
                  printer_.name()));
+}
+
+void PreparedJob::tellSidesLeftOut(const PanelRequest& wish) const {
+  if (!preset_ || ticket_.getDuplex() != static_cast<std::int32_t>(Sides::OneSided)) return;
+  Preset taken = *preset_;
+  if (wish.cover || wish.coverSides) taken.coverSides.clear();
+  if (wish.insertSides || wish.insert == kNoInserts) taken.insertSides.clear();
+  const auto sides = sidesThatNeedTwoSided(taken);
+  if (sides.empty()) return;
+  warn(
+      translated("These sides of the preset \"%s\" need two-sided printing (--sides) and are left "
+                 "out: %s.",
+                 preset_->name, joined(sides)));
 }
 
 void PreparedJob::checkConflicts(bool ignore) {
@@ -180,6 +251,7 @@ JobSheets PreparedJob::sheets(std::optional<int> documentPages) const {
 json PreparedJob::report() const {
   PublishingPDE& panel = user_->panel();
   return {{"printer", printer_.name()},
+          {"preset", preset_ ? json(preset_->name) : json(nullptr)},
           {"summary", englishSummaryOf(panel.state())},
           {"controls", dumpControls(panel)},
           {"fields", dumpFields(panel.state())},
@@ -187,6 +259,10 @@ json PreparedJob::report() const {
           {"options", printer_.jobOptions(ticket_)},
           {"conflicts", conflicts_},
           {"job", nullptr}};
+}
+
+StoredSettings::Values PreparedJob::panelValues() const {
+  return toRemember(printer_, toRemember_);
 }
 
 void PreparedJob::remember() const {

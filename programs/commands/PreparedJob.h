@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,13 +12,15 @@
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/Remembering.h"
+#include "printing/presets/Preset.h"
 #include "programs/commands/PrintArguments.h"
 #include "shells/headless/PanelUser.h"
 
 namespace publishing {
 
-// A job that can be sent: the printer's defaults, what is remembered for the queue and what the
-// command line asks for, in this order, taken through the panel's rules.
+// A job that can be sent: the printer's defaults, then what is remembered for the queue or the
+// preset that the command line names in its place, and what else the command line asks for, in this
+// order, taken through the panel's rules.
 class PreparedJob {
  public:
   // Opens the printer and says on standard error what was left out. Throws PrintError for what the
@@ -33,24 +36,31 @@ class PreparedJob {
   // What --json writes: the panel as panel scripts dump it, and the job made of it.
   [[nodiscard]] nlohmann::json report() const;
 
+  // The panel's settings, as a preset is made of them.
+  [[nodiscard]] StoredSettings::Values panelValues() const;
+
   // Stores the panel's settings for the queue. A layout that switches covers and inserts off leaves
   // what is remembered alone, and says so. Throws as StoredSettings::store.
   void remember() const;
 
  private:
   void restore(const PrintArguments& arguments);
+  void restorePreset(const PanelRequest& wish);
   void checkLosses(const Remembered& remembered, const PanelRequest& wish) const;
   void checkLayout(const JobWishes& wishes) const;
   void drivePanel(const JobWishes& wishes);
   void takeDefaultMedia(const JobWishes& wishes);
   void tellLeftOut(const JobWishes& wishes) const;
+  void tellSidesLeftOut(const PanelRequest& wish) const;
+  [[nodiscard]] std::string remedyForPages() const;
   void checkConflicts(bool ignore);
   [[nodiscard]] bool hasLayout() const;
   [[nodiscard]] std::string originOfLayout(const JobWishes& wishes) const;
 
   Printer printer_;
   JobTicket ticket_;
-  JobTicket remembered_;  // what is remembered for the queue, alone
+  std::optional<Preset> preset_;
+  JobTicket remembered_;  // what is remembered for the queue, or the preset, alone
   std::unique_ptr<PanelUser> user_;
   JobTicket::Options toRemember_;
   std::vector<std::string> conflicts_;

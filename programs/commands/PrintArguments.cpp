@@ -1,30 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/PrintArguments.h"
 
+#include <span>
+
 #include "base/Translation.h"
 #include "printing/PrintError.h"
+#include "printing/presets/Preset.h"
 #include "programs/commands/Arguments.h"
 
 namespace publishing {
 namespace {
 
-const std::vector<std::string> kCoverSides = {"front-outside", "front-inside", "back-outside",
-                                              "back-inside"};
-const std::vector<std::string> kInsertSides = {"front", "back"};
-
-void addSides(CLI::App& command, std::optional<Sides>& sides) {
-  const auto take = [&sides](const std::string& keyword) {
-    sides = sidesFromKeyword(keyword);
-    if (sides) return;
-    throw PrintError::usage(translated("%s does not take \"%s\". It takes: %s.", "--sides",
-                                       shown(keyword),
-                                       "one-sided, two-sided-long-edge, two-sided-short-edge"));
-  };
-  command
-      .add_option_function<std::string>(
-          "--sides", take,
-          translated("one-sided, two-sided-long-edge or two-sided-short-edge printing"))
-      ->type_name("SIDES");
+std::vector<std::string> wordsOf(std::span<const SideWord> sides) {
+  std::vector<std::string> words;
+  for (const SideWord& side : sides)
+    words.emplace_back(side.word);
+  return words;
 }
 
 void addJobOptions(CLI::App& command, JobWishes& wishes, const std::string& ranges) {
@@ -46,26 +37,6 @@ void addJobOptions(CLI::App& command, JobWishes& wishes, const std::string& rang
       ->take_all();
 }
 
-void addPanelOptions(CLI::App& command, PanelRequest& panel) {
-  addWord(command, "--cover", panel.cover, {"none", "front", "front-back"},
-          translated("The covers: none, front or front-back"))
-      ->type_name("COVER");
-  addText(command, "--cover-media", panel.coverMedia,
-          translated("The covers' medium, by keyword or text (see: publishing media)"))
-      ->type_name("CHOICE");
-  addWords(command, "--cover-sides", panel.coverSides, kCoverSides,
-           translated("Cover sides to print: front-outside, front-inside, back-outside, "
-                      "back-inside, or none"));
-  addText(command, "--insert", panel.insert,
-          translated("Pages before which a sheet is inserted, as in 5,8,12-14, or none"))
-      ->type_name("LIST");
-  addText(command, "--insert-media", panel.insertMedia,
-          translated("The inserts' medium, by keyword or text"))
-      ->type_name("CHOICE");
-  addWords(command, "--insert-sides", panel.insertSides, kInsertSides,
-           translated("Sides of the inserts to print: front, back, or none"));
-}
-
 void addConduct(CLI::App& command, PrintArguments& arguments) {
   command.add_flag("--remember", arguments.remember,
                    translated("Remember the covers and inserts for the queue"));
@@ -85,6 +56,47 @@ void addConduct(CLI::App& command, PrintArguments& arguments) {
 }
 
 }  // namespace
+
+void addSides(CLI::App& command, std::optional<Sides>& sides) {
+  const auto take = [&sides](const std::string& keyword) {
+    sides = sidesFromKeyword(keyword);
+    if (sides) return;
+    throw PrintError::usage(translated("%s does not take \"%s\". It takes: %s.", "--sides",
+                                       shown(keyword),
+                                       "one-sided, two-sided-long-edge, two-sided-short-edge"));
+  };
+  command
+      .add_option_function<std::string>(
+          "--sides", take,
+          translated("one-sided, two-sided-long-edge or two-sided-short-edge printing"))
+      ->type_name("SIDES");
+}
+
+void addPanelOptions(CLI::App& command, PrintArguments& arguments) {
+  addText(
+      command, "--preset", arguments.preset,
+      translated("Start with this preset, in place of what is remembered (see: publishing preset "
+                 "list)"))
+      ->type_name("NAME");
+  PanelRequest& panel = arguments.wishes.panel;
+  addWord(command, "--cover", panel.cover, {"none", "front", "front-back"},
+          translated("The covers: none, front or front-back"))
+      ->type_name("COVER");
+  addText(command, "--cover-media", panel.coverMedia,
+          translated("The covers' medium, by keyword or text (see: publishing media)"))
+      ->type_name("CHOICE");
+  addWords(command, "--cover-sides", panel.coverSides, wordsOf(kCoverSideWords),
+           translated("Cover sides to print: front-outside, front-inside, back-outside, "
+                      "back-inside, or none"));
+  addText(command, "--insert", panel.insert,
+          translated("Pages before which a sheet is inserted, as in 5,8,12-14, or none"))
+      ->type_name("LIST");
+  addText(command, "--insert-media", panel.insertMedia,
+          translated("The inserts' medium, by keyword or text"))
+      ->type_name("CHOICE");
+  addWords(command, "--insert-sides", panel.insertSides, wordsOf(kInsertSideWords),
+           translated("Sides of the inserts to print: front, back, or none"));
+}
 
 void PrintArguments::check() const {
   const auto fail = [](const std::string& message) { throw PrintError::usage(message); };
@@ -117,7 +129,7 @@ std::optional<int> PrintArguments::waitingSeconds() const {
 void addJobArguments(CLI::App& command, PrintArguments& arguments, const std::string& ranges) {
   addPrinterArgument(command, arguments.printer);
   addJobOptions(command, arguments.wishes, ranges);
-  addPanelOptions(command, arguments.wishes.panel);
+  addPanelOptions(command, arguments);
   command.add_flag("--fresh", arguments.fresh,
                    translated("Start without the settings remembered for the queue"));
   command.add_flag("--ignore-conflicts", arguments.ignoreConflicts,

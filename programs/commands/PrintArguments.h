@@ -18,6 +18,7 @@ struct PrintArguments {
   std::optional<std::string> output;
   std::optional<std::string> title;
   JobWishes wishes;
+  std::optional<std::string> preset;
   bool fresh = false;
   bool remember = false;
   bool ignoreConflicts = false;
@@ -41,5 +42,9 @@ void addJobArguments(CLI::App& command, PrintArguments& arguments, const std::st
 
 // The whole.
 void addPrintArguments(CLI::App& command, PrintArguments& arguments);
+
+// Parts of them: two-sided printing alone, and what the panel decides, --preset included.
+void addSides(CLI::App& command, std::optional<Sides>& sides);
+void addPanelOptions(CLI::App& command, PrintArguments& arguments);
 
 }  // namespace publishing

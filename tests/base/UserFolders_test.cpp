@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -51,6 +53,33 @@ TEST_F(UserFolders, AreThoseOfAbsolutePathsOnly) {
     set("HOME", home);
     EXPECT_EQ(userConfigFolder().front(), '/') << home;
   }
+}
+
+TEST_F(UserFolders, OfTheSystemAreAbsolutePathsInTheirOrder) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {nullptr, {"/etc/xdg"}},  {"", {"/etc/xdg"}}, {"/b:/a", {"/b", "/a"}},
+      {"here:/a::./b", {"/a"}}, {"here", {}},
+  };
+  for (const auto& [list, folders] : cases) {
+    set("XDG_CONFIG_DIRS", list);
+    EXPECT_EQ(systemConfigFolders(), folders);
+  }
+  set("XDG_CONFIG_DIRS", nullptr);
+}
+
+TEST_F(UserFolders, MayBeTheAdministratorsWhereThatIsMeant) {
+  namespace fs = std::filesystem;
+  EXPECT_EQ(faultOfSystemOwner("/usr"), std::nullopt);
+  EXPECT_EQ(faultOfSystemOwner(folder_.path()), std::nullopt);
+  EXPECT_EQ(faultOfFileOwner("/etc/passwd"), std::nullopt);
+  EXPECT_EQ(faultOfFileOwner(folder_ / "missing"), std::nullopt);
+  const std::string file = folder_.file("file", "");
+  EXPECT_EQ(faultOfFileOwner(file), std::nullopt);
+  fs::permissions(file, fs::perms::all);
+  EXPECT_THAT(faultOfFileOwner(file).value_or(""), HasSubstr("everybody can write"));
+  fs::permissions(folder_.path(), fs::perms::all);
+  EXPECT_THAT(faultOfSystemOwner(folder_.path()).value_or(""), HasSubstr("everybody can write"));
+  fs::permissions(folder_.path(), fs::perms::owner_all);
 }
 
 TEST_F(UserFolders, OfOthersAreNotTrusted) {
