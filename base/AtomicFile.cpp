@@ -2,6 +2,7 @@
 #include "base/AtomicFile.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -14,6 +15,7 @@ namespace publishing {
 namespace {
 
 constexpr const char* kEnding = ".XXXXXX";  // GLib makes six random characters of it
+constexpr const char* kWaiting = ".publishing";
 
 void check(bool done) {
   if (!done) throw std::system_error(errno, std::generic_category());
@@ -72,20 +74,30 @@ bool AtomicFile::linkTo(const std::string& name) const {
   return linkat(AT_FDCWD, own.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
-// A nameless file can only get a name that is free, so it is renamed afterwards.
-void AtomicFile::giveName() {
-  do {
-    std::string name = path_ + "." + std::to_string(g_random_int());
-    if (linkTo(name)) name_ = std::move(name);
-  } while (name_.empty() && errno == EEXIST);
-  check(!name_.empty());
+// A nameless file can only get a name that is free, so it is renamed afterwards. It is the same
+// name for all: what a killed process left there is taken along by the next, and whole like its
+// own.
+void AtomicFile::takePlace() const {
+  const std::string name = path_ + kWaiting;
+  const auto rename = [&] {
+    // Gone: another process that replaces the file at the same time has done it.
+    check(std::rename(name.c_str(), path_.c_str()) == 0 || errno == ENOENT);
+  };
+  while (!linkTo(name)) {
+    check(errno == EEXIST);
+    rename();
+  }
+  rename();
 }
 
 void AtomicFile::replace() {
   check(fsync(descriptor_) == 0);
-  if (name_.empty()) giveName();
-  check(rename(name_.c_str(), path_.c_str()) == 0);
-  name_.clear();
+  if (name_.empty()) {
+    takePlace();
+  } else {
+    check(std::rename(name_.c_str(), path_.c_str()) == 0);
+    name_.clear();
+  }
   syncFolder(folderOf(path_));
 }
 

@@ -10,9 +10,10 @@ namespace publishing {
 
 // A file in the making that is to stand under `path`: whoever opens that, at whatever moment and
 // also after a crash, finds the earlier file or the whole new one. It has no name until then, so a
-// process that is killed leaves nothing (but for file systems without nameless files, where one
-// beside `path` with a random ending stays). `path` is no symbolic link that is to be kept and its
-// folder is there. All throw std::system_error.
+// process that is killed leaves nothing. (But for the moment in which it gets its name: then the
+// whole file stays beside `path`, ending in ".publishing", until the next one is put there. And on
+// file systems without nameless files one with a random ending stays.) `path` is no symbolic link
+// that is to be kept and its folder is there. All throw std::system_error.
 class AtomicFile {
  public:
   // `mode` is less the umask.
@@ -35,10 +36,10 @@ class AtomicFile {
 
  private:
   [[nodiscard]] bool linkTo(const std::string& name) const;
-  void giveName();
+  void takePlace() const;
 
   std::string path_;
-  std::string name_;  // beside `path`; empty while it has none
+  std::string name_;  // beside `path`; empty for a nameless file
   int descriptor_ = -1;
 };
 

@@ -3,14 +3,18 @@
 #include "printing/Submission.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <utility>
 
 #include <cups/cups.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include "Publishing/PublishingKeys.h"
+#include "base/Descriptor.h"
 #include "printing/JobStatus.h"
 #include "printing/PrintServer.h"
 #include "tests/cups/PrivateCups.h"
@@ -296,15 +300,30 @@ TEST_F(Submission, APPDReplacedOrRemovedMeanwhileStopsTheJob) {
   }
 }
 
-TEST_F(Submission, OpeningAQueueLeavesNoFileBehind) {
+// A program that is killed meanwhile could not remove one.
+TEST_F(Submission, OpeningAQueueMakesNoTemporaryFile) {
   const TemporaryFolder temporary;
+  const Descriptor watch(inotify_init1(IN_NONBLOCK));
+  ASSERT_GE(inotify_add_watch(watch.get(), temporary.path().c_str(), IN_CREATE), 0);
   const char* before = std::getenv("TMPDIR");
   const std::string kept = before != nullptr ? before : "/tmp";
   setenv("TMPDIR", temporary.path().c_str(), 1);
   const int job = print(Printer::openQueue(kQueue), JobTicket());
   setenv("TMPDIR", kept.c_str(), 1);
   EXPECT_GT(job, 0);
-  EXPECT_TRUE(std::filesystem::is_empty(temporary.path()));
+  std::array<char, 4096> events{};
+  EXPECT_LT(read(watch.get(), events.data(), events.size()), 0) << "a file was made";
+}
+
+TEST_F(Submission, AClassOfQueuesHasThePPDOfItsFirst) {
+  ASSERT_EQ(std::system(("PATH=$PATH:/usr/sbin lpadmin -p " + std::string(kQueue) +
+                         " -c Class 2>/dev/null && PATH=$PATH:/usr/sbin cupsenable Class && "
+                         "PATH=$PATH:/usr/sbin cupsaccept Class")
+                            .c_str()),
+            0);
+  const Printer printer = Printer::openQueue("Class");
+  ASSERT_NE(printer.ppd(), nullptr);
+  EXPECT_THAT(printer.ppd()->choice(cCoverMediaType, "Tray2"), Ne(std::nullopt));
 }
 
 TEST_F(Submission, AQueueWithoutPPDIsUsableWithAWarning) {
