@@ -87,7 +87,7 @@ void usePanel(Printer& printer) {
   const auto lastOf = [&](const PublishingFeature& feature) -> std::optional<std::string> {
     const std::int64_t count = user.popUp(feature.popUp).numberOfItems();
     if (count == 0) return std::nullopt;
-    return user.choiceOfItem(feature.option, count - 1);
+    return printer.ppd()->choices(feature.option).at(static_cast<std::size_t>(count - 1)).choice;
   };
   request.cover = "front-back";
   request.coverMedia = lastOf(kCoverMode);

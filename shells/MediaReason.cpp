@@ -8,9 +8,8 @@ namespace {
 
 // The choice as a user reads it, "Media Type: Transparency"; keywords where the PPD has no texts.
 std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked) {
-  for (const PPDChoice& choice : printer.ppd()->choices(marked.option)) {
-    if (choice.choice == marked.choice) return choice.optionText + ": " + choice.choiceText;
-  }
+  const auto choice = printer.ppd()->choice(marked.option, marked.choice);
+  if (choice) return choice->optionText + ": " + choice->choiceText;
   return shown(marked.option + ": " + marked.choice);
 }
 

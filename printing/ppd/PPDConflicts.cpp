@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include <glib.h>
@@ -35,22 +36,49 @@ struct Side {
 // A set, so that the same constraint written in the other direction is the same.
 using Constraint = std::set<Side>;
 
+// Finds choices as ppdFindChoice does, in any case, but without walking through all of them for
+// each constraint.
+class ChoiceFinder {
+ public:
+  const ppd_choice_t* find(ppd_option_t* option, const std::string& choice) {
+    auto [known, isNew] = choices_.try_emplace(option);
+    if (isNew) {
+      for (const ppd_choice_t& each : choicesOf(option))
+        known->second.try_emplace(lowercase(std::string(boundedView(each.choice))), &each);
+    }
+    const std::string keyword = lowercase(choice);
+    const bool isCustomValue = keyword.starts_with('{') || keyword.starts_with("custom.");
+    const auto found = known->second.find(isCustomValue ? "custom" : keyword);
+    return found != known->second.end() ? found->second : nullptr;
+  }
+
+ private:
+  static std::string lowercase(std::string text) {
+    for (char& byte : text)
+      byte = g_ascii_tolower(byte);
+    return text;
+  }
+
+  std::map<const ppd_option_t*, std::unordered_map<std::string, const ppd_choice_t*>> choices_;
+};
+
 // Adds a side; false when the PPD does not know it, which makes the constraint void.
-bool addSide(ppd_file_t* ppd, std::string option, std::string choice, Constraint& constraint) {
+bool addSide(ppd_file_t* ppd, ChoiceFinder& finder, std::string option, std::string choice,
+             Constraint& constraint) {
   if (option.starts_with("Custom") && equal(choice.c_str(), "True")) {
     option.erase(0, std::strlen("Custom"));
     choice = "Custom";
   }
   ppd_option_t* found = ppdFindOption(ppd, option.c_str());
   if (found == nullptr) return false;
-  const ppd_choice_t* chosen = choice.empty() ? nullptr : ppdFindChoice(found, choice.c_str());
+  const ppd_choice_t* chosen = choice.empty() ? nullptr : finder.find(found, choice);
   if (chosen == nullptr && !choice.empty()) return false;
   constraint.insert({found, chosen});
   return true;
 }
 
 // "*Option Choice *Option Choice ...", the choices left out where any is meant.
-bool addSides(ppd_file_t* ppd, const char* text, Constraint& constraint) {
+bool addSides(ppd_file_t* ppd, ChoiceFinder& finder, const char* text, Constraint& constraint) {
   std::istringstream words(text);
   std::string word;
   std::string option;
@@ -60,29 +88,30 @@ bool addSides(ppd_file_t* ppd, const char* text, Constraint& constraint) {
       choice = word;
       continue;
     }
-    if (!option.empty() && !addSide(ppd, option, choice, constraint)) return false;
+    if (!option.empty() && !addSide(ppd, finder, option, choice, constraint)) return false;
     option = word.substr(1);
     choice.clear();
   }
-  return !option.empty() && addSide(ppd, option, choice, constraint);
+  return !option.empty() && addSide(ppd, finder, option, choice, constraint);
 }
 
 // One direction of a constraint is enough; both make one.
 std::set<Constraint> distinctConstraints(ppd_file_t* ppd) {
   std::set<Constraint> constraints;
+  ChoiceFinder finder;
   for (const ppd_const_t& pair : constraintsOf(ppd)) {
     Constraint constraint;
-    if (addSide(ppd, std::string(boundedView(pair.option1)), std::string(boundedView(pair.choice1)),
-                constraint) &&
-        addSide(ppd, std::string(boundedView(pair.option2)), std::string(boundedView(pair.choice2)),
-                constraint)) {
+    if (addSide(ppd, finder, std::string(boundedView(pair.option1)),
+                std::string(boundedView(pair.choice1)), constraint) &&
+        addSide(ppd, finder, std::string(boundedView(pair.option2)),
+                std::string(boundedView(pair.choice2)), constraint)) {
       constraints.insert(constraint);
     }
   }
   for (const ppd_attr_t* attribute = ppdFindAttr(ppd, "cupsUIConstraints", nullptr);
        attribute != nullptr; attribute = ppdFindNextAttr(ppd, "cupsUIConstraints", nullptr)) {
     Constraint constraint;
-    if (attribute->value != nullptr && addSides(ppd, attribute->value, constraint)) {
+    if (attribute->value != nullptr && addSides(ppd, finder, attribute->value, constraint)) {
       constraints.insert(constraint);
     }
   }
@@ -161,13 +190,17 @@ std::map<std::string, std::vector<PPDChoice>> choicesExcludedBy(ppd_file_t* ppd,
                      [own](const Side& candidate) { return candidate.option == own; });
     if (own == nullptr || side == constraint.end()) continue;
     const auto others = othersInForce(ppd, constraint, own);
-    for (const ppd_choice_t& choice : choicesOf(own)) {
-      const std::string_view keyword = boundedView(choice.choice);
-      const bool isMeant =
-          side->choice == nullptr ? !switchesOff(keyword) : side->choice == &choice;
-      if (!isMeant || others.empty()) continue;
-      auto& list = excluded[std::string(keyword)];
+    if (others.empty()) continue;
+    const auto exclude = [&](const ppd_choice_t& choice) {
+      auto& list = excluded[std::string(boundedView(choice.choice))];
       list.insert(list.end(), others.begin(), others.end());
+    };
+    if (side->choice != nullptr) {
+      exclude(*side->choice);
+      continue;
+    }
+    for (const ppd_choice_t& choice : choicesOf(own)) {
+      if (!switchesOff(boundedView(choice.choice))) exclude(choice);
     }
   }
   return excluded;

@@ -44,9 +44,11 @@ json mediaOf(PanelUser& user, const Printer& printer, const PublishingFeature& f
   const HeadlessPopUpButton& menu = user.popUp(feature.popUp);
   const auto excluded = printer.ppd() == nullptr ? std::map<std::string, std::vector<PPDChoice>>()
                                                  : printer.ppd()->excludedBy(option);
+  const auto choices =
+      printer.ppd() != nullptr ? printer.ppd()->choices(option) : std::vector<PPDChoice>();
   json items = json::array();
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
-    const std::string choice = user.choiceOfItem(option, index);
+    const std::string& choice = choices.at(static_cast<std::size_t>(index)).choice;
     const auto conflict = excluded.find(choice);
     const bool isOffered = menu.isItemEnabledAtIndex(index);
     json item = {{"choice", choice},

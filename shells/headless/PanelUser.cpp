@@ -133,16 +133,13 @@ const HeadlessPopUpButton& PanelUser::popUp(const char* name) const {
 }
 
 // Items stand for the option's choices one by one, in order.
-std::string PanelUser::choiceOfItem(const char* option, std::int64_t index) const {
-  return printer_.ppd()->choices(option).at(static_cast<std::size_t>(index)).choice;
-}
-
 std::int64_t PanelUser::itemOf(const PublishingFeature& feature, const std::string& wanted) const {
   const HeadlessPopUpButton& menu = popUp(feature.popUp);
   std::optional<std::int64_t> byText;
   std::string known;
+  const auto choices = printer_.ppd()->choices(feature.option);
   for (std::int64_t index = 0; index < menu.numberOfItems(); ++index) {
-    const std::string choice = choiceOfItem(feature.option, index);
+    const std::string& choice = choices.at(static_cast<std::size_t>(index)).choice;
     if (choice == wanted) return index;
     if (!byText && menu.itemTitleAtIndex(index) == wanted) byText = index;
     known += "\n  " + shown(choice) + "  " + shown(menu.itemTitleAtIndex(index));

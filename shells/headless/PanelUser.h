@@ -45,9 +45,6 @@ class PanelUser {
   // A pop-up of the panel by its outlet's name, which must be one.
   [[nodiscard]] const HeadlessPopUpButton& popUp(const char* name) const;
 
-  // The keyword of the PPD choice that an item of the option's pop-up stands for.
-  [[nodiscard]] std::string choiceOfItem(const char* option, std::int64_t index) const;
-
  private:
   struct Side;
 
