@@ -53,8 +53,10 @@ std::string serverName() {
   return server + ":" + std::to_string(ippPort());
 }
 
+// libcups gives "Success" for the reason when a server was silent for too long.
 std::string serverReason() {
-  return shown(cupsLastErrorString());
+  const std::string reason = shown(cupsLastErrorString());
+  return reason == g_strerror(0) ? translated("there was no answer") : reason;
 }
 
 HttpHandle connectToServer() {

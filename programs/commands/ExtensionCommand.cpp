@@ -2,14 +2,15 @@
 #include "programs/commands/ExtensionCommand.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include <glib.h>
 #include <nlohmann/json.hpp>
 
 #include "base/Translation.h"
+#include "base/UserFolders.h"
 #include "programs/gtk-settings/GtkSettingsFile.h"
 #include "programs/gtk-settings/GtkSettingsPlaces.h"
 #include "programs/terminal/Terminal.h"
@@ -53,6 +54,15 @@ GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& 
   }
   return {places.systemFile, translated("It belongs to the administrator: put \"sudo\" before the "
                                         "command; nothing was changed.")};
+}
+
+// Another user's file would become this user's, or the other way round.
+void checkOwner(const GtkSettingsFile& file) {
+  const auto fault = faultOfOwner(std::filesystem::path(file.path()).parent_path());
+  if (!fault) return;
+  throw PrintError::trouble(
+      translated("%s cannot be changed: %s. Check HOME and XDG_CONFIG_HOME; nothing was changed.",
+                 shown(file.path()), *fault));
 }
 
 std::string nameOf(const PrintBackends& backends) {
@@ -99,6 +109,7 @@ ExitStatus runEnable(const ExtensionOptions& options) {
   State state = stateOf(places, options);
   Change change = Change::None;
   if (!state.isListed()) {
+    if (!options.system) checkOwner(file);
     change = file.enable(inheritedBackends(places, file.path()));
     state = stateOf(places, options);
   }
@@ -144,8 +155,7 @@ ExitStatus runDisable(const ExtensionOptions& options) {
            : translated("The panel is still on, because %s lists \"publishing\". To switch it off "
                         "for all users: sudo publishing extension disable --system. To switch it "
                         "off for yourself: Extension=false in the group [Dialog] of %s.",
-                        nameOf(state.backends),
-                        std::string(g_get_user_config_dir()) + "/" PUBLISHING_RULES_FILE));
+                        nameOf(state.backends), userConfigFolder() + "/" PUBLISHING_RULES_FILE));
   return kRefused;
 }
 

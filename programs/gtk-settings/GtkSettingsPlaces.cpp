@@ -12,6 +12,7 @@
 
 #include "base/TextFile.h"
 #include "base/Translation.h"
+#include "base/UserFolders.h"
 #include "programs/gtk-settings/GtkSettingsText.h"
 #include "shells/ExtensionNames.h"
 
@@ -71,7 +72,7 @@ GtkSettingsPlaces GtkSettingsPlaces::here() {
                         places.systemFile};
   for (const char* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder)
     places.systemFiles.push_back(std::string(*folder) + kFile);
-  places.userFile = std::string(g_get_user_config_dir()) + kFile;
+  places.userFile = userConfigFolder() + kFile;
   return places;
 }
 

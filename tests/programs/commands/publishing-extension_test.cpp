@@ -149,5 +149,18 @@ TEST_F(PublishingExtension, NeedsToBeToldWhatToDo) {
   EXPECT_EQ(run({"--help"}).status, 0);
 }
 
+TEST_F(PublishingExtension, ChangesNothingInFoldersThatAreNotTheUsers) {
+  std::filesystem::permissions(folder_ / "user/gtk-3.0", std::filesystem::perms::all);
+  const Outcome outcome = run({"enable"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("everybody"), HasSubstr("nothing was changed")));
+  EXPECT_FALSE(std::filesystem::exists(userFile_));
+  // A relative folder is nobody's.
+  std::filesystem::create_directories(folder_ / "home");
+  EXPECT_EQ(run({"enable"}, {{"XDG_CONFIG_HOME", "relative"}, {"HOME", folder_ / "home"}}).status,
+            0);
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "home/.config/gtk-3.0/settings.ini"));
+}
+
 }  // namespace
 }  // namespace publishing

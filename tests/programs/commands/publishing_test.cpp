@@ -428,6 +428,26 @@ TEST_F(Publishing, LeavesNothingWhenPrintingIntoAFileIsInterrupted) {
   }
 }
 
+TEST_F(Publishing, SaysWhichPageIsTheFirstWhenPagesAreLeftOut) {
+  const auto outputOf = [this](const Words& options) {
+    Words words = {"print", "--ppd", kPPD, "--dry-run"};
+    words.insert(words.end(), options.begin(), options.end());
+    words.emplace_back("tests/data/report.ps");
+    const Outcome outcome = run(words);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    return outcome.output;
+  };
+  const auto isSaid = HasSubstr("Page 1 is the first page that is printed.");
+  for (const Words& some :
+       {Words{"-P", "3-9"}, Words{"-o", "page-ranges=3-9"}, Words{"-o", "page-set=even"}}) {
+    Words words = some;
+    words.insert(words.end(), {"--insert", "5"});
+    EXPECT_THAT(outputOf(words), isSaid);
+    EXPECT_THAT(outputOf(some), Not(isSaid));
+  }
+  EXPECT_THAT(outputOf({"--insert", "5"}), Not(isSaid));
+}
+
 TEST_F(Publishing, OffersNoMediaOnAPrinterWithoutTheOptions) {
   const std::string ppd = write("plain.ppd",
                                 "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n"
