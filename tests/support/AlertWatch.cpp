@@ -46,6 +46,7 @@ gboolean AlertWatch::answer(gpointer self) {
   const auto dialog = std::move(watch.shown_.back());
   watch.shown_.pop_back();
   if (watch.onShown) watch.onShown(dialog.get());
+  if (gtk_widget_get_mapped(GTK_WIDGET(dialog.get())) == 0) return G_SOURCE_REMOVE;  // closed
   GtkWidget* button = gtk_window_get_default_widget(GTK_WINDOW(dialog.get()));
   watch.alerts_(textProperty(dialog.get(), "text"), textProperty(dialog.get(), "secondary-text"),
                 labelOf(button));
