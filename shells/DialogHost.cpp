@@ -9,6 +9,7 @@
 
 #include "base/Translation.h"
 #include "printing/SheetSentence.h"
+#include "printing/StoredSettings.h"
 
 namespace publishing {
 namespace {
@@ -28,6 +29,14 @@ JobTicket::Options panelOptions(const JobTicket::Options& settings) {
   return options;
 }
 
+bool hasRemembered(const std::string& queue) {
+  const StoredSettings::Values values = StoredSettings().load(queue).values;
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
+    const auto state = values.find(feature.stateKey);
+    return state != values.end() && state->second == kStoredOn;
+  });
+}
+
 }  // namespace
 
 void DialogHost::leavePanel(const std::string& message, ToolkitDialog::Waiting waiting) {
@@ -35,9 +44,32 @@ void DialogHost::leavePanel(const std::string& message, ToolkitDialog::Waiting w
   panel_.reset();
 }
 
+std::string DialogHost::askingText() const {
+  if (!printsOnAnswer_) {
+    return translated("Asking the printer %s about covers and inserts…", asked_);
+  }
+  return translated(
+      "Asking the printer %s about the covers and inserts that are remembered for it. The document "
+      "is printed as soon as it answers.",
+      asked_);
+}
+
+std::string DialogHost::lateText() const {
+  if (!printsOnAnswer_) {
+    return translated(dialog_.places().printerIsLate, asked_);
+  }
+  return translated(
+      "The printer %s is not responding. The document is printed as soon as it does, with the "
+      "covers and inserts that are remembered for it. Press Print again to print without them now.",
+      asked_);
+}
+
 void DialogHost::followPrinter() {
   using Waiting = ToolkitDialog::Waiting;
   dialog_.stopOpening();
+  asked_.clear();
+  isLate_ = false;
+  printsOnAnswer_ = false;
   const auto selection = dialog_.selection();
   if (!selection) {
     leavePanel(translated("Choose a printer to see its covers and inserts."), Waiting::NoPanel);
@@ -50,15 +82,20 @@ void DialogHost::followPrinter() {
         Waiting::NoPanel);
     return;
   }
-  const std::string name = selection->printer;
-  leavePanel(translated("Asking the printer %s about covers and inserts…", name), Waiting::Asking);
+  asked_ = selection->printer;
+  leavePanel(askingText(), Waiting::Asking);
   dialog_.openPrinter(
-      name,
+      asked_,
       [this](std::unique_ptr<Printer> opened, const std::string& problem) {
+        asked_.clear();
         showPrinter(std::move(opened), problem);
+        // Where there is no panel now, the tab says why, and the user decides.
+        const bool prints = std::exchange(printsOnAnswer_, false) && panel_ != nullptr;
+        if (prints) dialog_.pressPrint();
       },
-      [this, name] {
-        leavePanel(translated(dialog_.places().printerIsLate, name), Waiting::Late);
+      [this] {
+        isLate_ = true;
+        leavePanel(lateText(), Waiting::Late);
       });
 }
 
@@ -79,7 +116,7 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
   const DialogJob job = dialog_.job();
   // A panel that is still asking something may outlast the host.
   const auto changed = [this, life = std::weak_ptr(life_)] {
-    if (!life.expired()) panelChanged();
+    if (!life.expired()) gestureMade();
   };
   panel_ = std::make_shared<HostedPanel>(std::move(printer), job, dialog_.makeBundle(), changed);
   dialog_.offerPanel(panel_->name());
@@ -88,13 +125,15 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
 
 bool DialogHost::openPanel() {
   if (panel_->isOpen()) return true;
-  View* view = panel_->open(dialog_.job());
+  const DialogJob job = dialog_.job();
+  View* view = panel_->open(job);
   if (view == nullptr) {
     leavePanel(translated("The panel cannot be shown because it is not completely installed."),
                ToolkitDialog::Waiting::NoPanel);
     return false;
   }
   dialog_.showPanel(*view);
+  panel_->takeMedia(job);
   giveMedia(false);
   panelChanged();
   return true;
@@ -114,6 +153,12 @@ void DialogHost::giveMedia(bool byUser) {
   for (const auto& [option, choice] : panel_->media()) {
     if (dialog_.showChoice(option, choice, byUser)) panel_->dialogShows(option, choice);
   }
+}
+
+void DialogHost::gestureMade() {
+  if (panel_ == nullptr) return;
+  panel_->noteGesture();
+  panelChanged();
 }
 
 void DialogHost::panelChanged() {
@@ -136,8 +181,22 @@ void DialogHost::showHelp() {
   if (panel_ != nullptr && !panel_->showHelp()) dialog_.sayHelpIsMissing();
 }
 
+// Without the panel the job would go out without the covers and inserts that are remembered.
+bool DialogHost::mayPrintWithoutPanel() {
+  if (asked_.empty() || !hasRemembered(asked_)) return true;
+  if (isLate_ && printsOnAnswer_) return true;
+  printsOnAnswer_ = true;
+  if (isLate_) {
+    dialog_.showMessage(lateText(), ToolkitDialog::Waiting::Late);
+  } else {
+    dialog_.showMessage(askingText(), ToolkitDialog::Waiting::Asking);
+  }
+  dialog_.bringTabToFront();
+  return false;
+}
+
 bool DialogHost::mayPrint() {
-  if (panel_ == nullptr) return true;
+  if (panel_ == nullptr) return mayPrintWithoutPanel();
   if (!openPanel()) return true;
   refresh();
   // The alert and the question below run a main loop of their own, in which the program may destroy

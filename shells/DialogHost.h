@@ -45,11 +45,20 @@ class DialogHost {
   bool openPanel();
   // Shows the panel's media in the dialog's own tabs.
   void giveMedia(bool byUser);
+  void gestureMade();
   void panelChanged();
   // Says and draws what would come out.
   void showSheets();
+  // Print was pressed before there is a panel.
+  bool mayPrintWithoutPanel();
+  [[nodiscard]] std::string askingText() const;
+  [[nodiscard]] std::string lateText() const;
 
   ToolkitDialog& dialog_;
+  // The printer that is being asked; empty when none is.
+  std::string asked_;
+  bool isLate_ = false;          // it has not answered for some time
+  bool printsOnAnswer_ = false;  // Print was pressed meanwhile
   // Shared with whoever waits for an alert of the panel, which may outlast the host.
   std::shared_ptr<HostedPanel> panel_;
   std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

@@ -23,6 +23,34 @@ std::shared_ptr<PublishingPDE> panelOf(PublishingPDEPlugin& plugin,
   return plugin.PDEPanelsForType(kPrinterModulePanelType, std::move(callback))->front();
 }
 
+constexpr const char* kNone = "None";
+
+std::optional<std::size_t> indexOf(const std::vector<PPDChoice>& choices,
+                                   const std::string& keyword) {
+  const auto found = std::find_if(choices.begin(), choices.end(), [&keyword](const auto& choice) {
+    return choice.choice == keyword;
+  });
+  if (found == choices.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - choices.begin());
+}
+
+// Whether a job that says nothing of the option gets a medium by it, as the marks of a printer that
+// was just opened tell.
+bool defaultsBringMedium(const PPDDocument& ppd, const PublishingFeature& feature,
+                         const std::string& nothing) {
+  const auto choices = ppd.choices(feature.option);
+  return std::any_of(choices.begin(), choices.end(), [&](const PPDChoice& choice) {
+    return choice.marked && choice.choice != nothing && choice.choice != kNone;
+  });
+}
+
+// The panel takes these anew from the ticket at each refresh, which would undo what the user picked
+// in the controls meanwhile.
+void dropIndexes(JobTicket& ticket) {
+  for (const char* key : {kCmIndex, kPiIndex, kPageinsertValue})
+    ticket.setValue(key, std::nullopt);
+}
+
 }  // namespace
 
 HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
@@ -37,6 +65,14 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
     const auto chosen = job.options.find(feature.option);
     if (chosen != job.options.end()) dialogMedia_[feature.option] = chosen->second;
   }
+  const JobTicket ofDefaults = printer_->newTicket();
+  defaultLayout_.reverse = ofDefaults.getValue(kOutputOrder) == "Reverse";
+  defaultLayout_.booklet = layoutOf(printer_->defaults()).booklet;
+  for (const PublishingFeature& feature : kFeatures) {
+    const auto nothing = choiceWhenOff(feature, *printer_->ppd());
+    if (nothing && defaultsBringMedium(*printer_->ppd(), feature, *nothing))
+      insteadOfDefaults_[feature.option] = *nothing;
+  }
   loadStored();
 }
 
@@ -48,11 +84,26 @@ void HostedPanel::loadStored() {
     g_message("%s", loss.c_str());
   for (const auto& [key, value] : remembered.values)
     ticket_.setValue(key, value);
+  wish_ = PanelWish(ticket_);
+  takeDefaultMedia();
+  dropIndexes(ticket_);
+}
+
+// The panel starts with its first medium; a default option of the queue or the user (lpoptions) is
+// a choice of the user's.
+void HostedPanel::takeDefaultMedia() {
+  for (const PublishingFeature& feature : kFeatures) {
+    const auto chosen = findJobOption(printer_->defaults(), feature.option);
+    if (chosen == printer_->defaults().end() || wish_.isOn(feature)) continue;
+    if (const auto index = indexOf(printer_->ppd()->choices(feature.option), chosen->second)) {
+      wish_.setMedium(feature, *index);
+    }
+  }
 }
 
 bool HostedPanel::affectsJob(const DialogJob& job) const {
   return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
-    if (ticket_.getValue(feature.stateKey) == kStoredOn) return true;
+    if (wish_.isOn(feature)) return true;
     const auto now = job.options.find(feature.option);
     const auto before = dialogMedia_.find(feature.option);
     return now != job.options.end() &&
@@ -76,23 +127,19 @@ View* HostedPanel::open(const DialogJob& job) {
   takeJob(untouched);
   View* view = panel_->panelView();
   if (view == nullptr) return nullptr;
-  panel_->restoreValuesAndReturnError();
-  panel_->willShow();
-  dropStoredIndexes();
+  showWish();
   return view;
 }
 
-// The panel picks the stored items anew at each refresh. From here on the controls are right, and
-// what the user picks in them must last.
-void HostedPanel::dropStoredIndexes() {
-  for (const char* key : {kCmIndex, kPiIndex, kPageinsertValue})
-    ticket_.setValue(key, std::nullopt);
-}
-
 void HostedPanel::takeJob(const DialogJob& job) {
+  const JobLayout said = layoutOf(job.options);
+  const int numberUp = said.numberUp.value_or(1);
+  const bool reverse = job.reverse || said.reverse.value_or(*defaultLayout_.reverse);
   ticket_.setSides(job.sides);
-  ticket_.setNumberUp(job.numberUp);
-  ticket_.setReverse(job.reverse);
+  ticket_.setNumberUp(job.numberUp > 1 || !JobTicket::isLayout(numberUp) ? job.numberUp : numberUp);
+  ticket_.setBooklet(said.booklet.value_or(defaultLayout_.booklet.value_or(false)));
+  ticket_.setReverse(reverse);
+  job_ = job;
   printer_->ppd()->markDefaults();
   printer_->ppd()->mark(printer_->defaults());
   printer_->ppd()->mark({{"sides", keywordOf(job.sides)}});
@@ -101,11 +148,28 @@ void HostedPanel::takeJob(const DialogJob& job) {
 
 void HostedPanel::follow(const DialogJob& job) {
   takeJob(job);
-  panel_->willShow();
+  showWish();
 }
 
-bool HostedPanel::isOn(const PublishingFeature& feature) const {
+// The panel takes the state of its controls from the ticket, which is the job's own again after.
+void HostedPanel::showWish() {
+  const JobTicket job = ticket_;
+  wish_.putInto(ticket_);
+  panel_->restoreValuesAndReturnError();
+  panel_->willShow();
+  ticket_ = job;
+}
+
+void HostedPanel::noteGesture() {
+  if (wish_.note(*panel_, controls_)) showWish();
+}
+
+bool HostedPanel::isShownOn(const PublishingFeature& feature) const {
   return controls_.checkBox(feature.checkBox).state() == 1;
+}
+
+bool HostedPanel::isForbidden(const PublishingFeature& feature) const {
+  return !controls_.checkBox(feature.checkBox).isEnabled();
 }
 
 std::string HostedPanel::mediumOf(const PublishingFeature& feature) const {
@@ -115,14 +179,14 @@ std::string HostedPanel::mediumOf(const PublishingFeature& feature) const {
 }
 
 void HostedPanel::pick(const PublishingFeature& feature, const std::string& medium) {
-  CheckBox& box = controls_.checkBox(feature.checkBox);
-  if (!box.isEnabled()) return;
-  if (box.state() != 1) controls_.switchTo(box, true, feature.action);
-  const auto choices = printer_->ppd()->choices(feature.option);
-  for (std::size_t index = 0; index < choices.size(); ++index) {
-    if (choices[index].choice != medium) continue;
-    controls_.popUp(feature.popUp).selectItemAtIndex(static_cast<std::int64_t>(index));
+  if (isForbidden(feature)) return;
+  const bool wantsNothing = medium == kNone || medium == choiceWhenOff(feature, *printer_->ppd());
+  if (wantsNothing && !isShownOn(feature)) return;
+  wish_.switchTo(feature, medium != kNone);
+  if (const auto index = indexOf(printer_->ppd()->choices(feature.option), medium)) {
+    wish_.setMedium(feature, *index);
   }
+  showWish();
 }
 
 void HostedPanel::takeMedia(const DialogJob& job) {
@@ -132,36 +196,60 @@ void HostedPanel::takeMedia(const DialogJob& job) {
     std::string& last = dialogMedia_[feature.option];
     if (chosen->second == last) continue;
     last = chosen->second;
-    if (last != mediumOf(feature)) pick(feature, last);
+    if (!isShownOn(feature) || last != mediumOf(feature)) pick(feature, last);
   }
 }
 
 std::map<std::string, std::string> HostedPanel::media() {
   std::map<std::string, std::string> media;
   for (const PublishingFeature& feature : kFeatures) {
-    bool& wasOn = wasOn_[feature.option];
-    wasOn = wasOn || isOn(feature);
-    if (!wasOn) continue;
-    const std::string medium = mediumOf(feature);
-    printer_->ppd()->mark(feature.option, medium);
-    media[feature.option] = medium;
+    if (isShownOn(feature)) {
+      media[feature.option] = mediumOf(feature);
+    } else if (const auto nothing = choiceWhenOff(feature, *printer_->ppd())) {
+      media[feature.option] = *nothing;
+    } else if (givenMedia_.contains(feature.option)) {
+      media[feature.option] = mediumOf(feature);
+    }
   }
+  givenMedia_ = media;
+  bool marksChange = false;
+  for (const auto& [option, choice] : media) {
+    const auto known = printer_->ppd()->choice(option, choice);
+    marksChange = marksChange || (known && !known->marked);
+    printer_->ppd()->mark(option, choice);
+  }
+  // The marks decide which trays the panel offers.
+  if (marksChange) showWish();
   return media;
 }
 
 std::optional<JobTicket::Options> HostedPanel::save() {
-  if (!panel_->saveValuesAndReturnError()) {
-    dropStoredIndexes();
-    return std::nullopt;
-  }
+  const bool isAccepted = panel_->saveValuesAndReturnError();
   auto settings = ticket_.copyAsDictionary();
-  dropStoredIndexes();
+  dropIndexes(ticket_);
+  if (!isAccepted) return std::nullopt;
+  leaveOutMediaOff(*settings);
   return settings;
 }
 
+void HostedPanel::leaveOutMediaOff(JobTicket::Options& settings) const {
+  for (const PublishingFeature& feature : kFeatures) {
+    if (isOn(feature, ticket_)) continue;
+    settings.erase(feature.option);
+    if (const auto nothing = insteadOfDefaults_.find(feature.option);
+        nothing != insteadOfDefaults_.end()) {
+      settings.insert(*nothing);
+    }
+  }
+}
+
 void HostedPanel::remember(const JobTicket::Options& settings) const {
+  std::vector<PublishingFeature> kept;
+  for (const PublishingFeature& feature : kFeatures) {
+    if (wish_.isOn(feature) && isForbidden(feature)) kept.push_back(feature);
+  }
   try {
-    publishing::remember(StoredSettings(), *printer_, settings);
+    publishing::remember(StoredSettings(), *printer_, settings, kept);
   } catch (const PrintError& error) {
     g_message("%s", error.what());
   }
@@ -180,7 +268,8 @@ JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentP
 }
 
 void HostedPanel::showReasons(const DialogPlaces& places) {
-  publishing::showReasons(*bundle_, controls_, *panel_, *printer_, ticket_, places);
+  const std::string against = reasonAgainstFeatures(job_, ticket_, *printer_, places);
+  publishing::showReasons(*bundle_, controls_, *panel_, *printer_, against, places);
 }
 
 }  // namespace publishing

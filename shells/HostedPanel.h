@@ -10,6 +10,8 @@
 
 #include "Publishing/PublishingFeatures.h"
 #include "Publishing/PublishingPDEPlugin.h"
+#include "printing/FeaturesOff.h"
+#include "printing/JobLayout.h"
 #include "printing/JobSheets.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
@@ -18,6 +20,7 @@
 #include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
 #include "shells/PanelControls.h"
+#include "shells/PanelWish.h"
 #include "shells/TicketCallback.h"
 
 namespace publishing {
@@ -50,15 +53,19 @@ class HostedPanel {
 
   [[nodiscard]] bool isOpen() const { return isOpen_; }
 
-  // Takes over what the dialog's own tabs say, and shows the panel with it.
+  // Takes over what the dialog's own tabs say, and shows the panel with it: all that the user wants
+  // of it and the job allows.
   void follow(const DialogJob& job);
 
-  // Picks the media that the user chose in the dialog's own tabs, and switches their features on:
-  // media of the panel's options that differ from what the dialog showed last.
+  // Takes over what the user did in the panel. To be called after each gesture.
+  void noteGesture();
+
+  // Picks the media that the user chose in the dialog's own tabs, and switches their features on,
+  // or off for "None": media of the panel's options that differ from what the dialog showed last.
   void takeMedia(const DialogJob& job);
 
   // The media choices by PPD option that the dialog is to show: those of the features that are on,
-  // and the first choices of those that were on before. Marks them.
+  // and the choice that wants nothing where a feature that is off would have a medium. Marks them.
   std::map<std::string, std::string> media();
 
   // Notes that the dialog's own tabs show this medium of media() now.
@@ -67,13 +74,17 @@ class HostedPanel {
   }
 
   // Saves the panel's state. Nothing, after an alert, when the panel does not accept the page list;
-  // else all settings of the ticket, the panel's among them.
+  // else all settings of the ticket, the panel's among them. A feature that is off has no medium
+  // there, or the choice that wants nothing.
   std::optional<JobTicket::Options> save();
 
-  // The conflicts among all choices of the job.
-  [[nodiscard]] std::vector<Conflict> conflicts() const { return printer_->ppd()->conflicts(); }
+  // The conflicts among all choices of the job, but for the media of features that are off.
+  [[nodiscard]] std::vector<Conflict> conflicts() const {
+    return conflictsOf(ticket_, *printer_->ppd());
+  }
 
-  // Remembers saved settings for the queue's next job; trouble goes to the log only.
+  // Remembers saved settings for the queue's next job, but not that the layout switched a feature
+  // off; trouble goes to the log only.
   void remember(const JobTicket::Options& settings) const;
 
   // What would come out if the user pressed Print now. `documentPages` as far as it is known.
@@ -87,9 +98,12 @@ class HostedPanel {
 
  private:
   void loadStored();
+  void takeDefaultMedia();
   void takeJob(const DialogJob& job);
-  void dropStoredIndexes();
-  [[nodiscard]] bool isOn(const PublishingFeature& feature) const;
+  void showWish();
+  void leaveOutMediaOff(JobTicket::Options& settings) const;
+  [[nodiscard]] bool isShownOn(const PublishingFeature& feature) const;
+  [[nodiscard]] bool isForbidden(const PublishingFeature& feature) const;
   [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
   void pick(const PublishingFeature& feature, const std::string& medium);
 
@@ -100,7 +114,12 @@ class HostedPanel {
   std::shared_ptr<PublishingPDE> panel_;
   PanelControls controls_;
   std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
-  std::map<std::string, bool> wasOn_;               // by PPD option
+  std::map<std::string, std::string> givenMedia_;   // by PPD option, what media() answered last
+  // By PPD option: what a feature that is off says because the defaults have a medium for it.
+  std::map<std::string, std::string> insteadOfDefaults_;
+  PanelWish wish_;
+  JobLayout defaultLayout_;  // of a job of whose layout the dialog says nothing
+  DialogJob job_;            // what the dialog said last
   bool isOpen_ = false;
 };
 

@@ -11,13 +11,12 @@ namespace {
 constexpr const char* kNeedsCovers = N_("Needs covers: tick “Add covers to the document”.");
 constexpr const char* kNeedsSheets = N_("Needs sheets: tick “Add sheets between the pages”.");
 constexpr const char* kNeedsBackCover = N_("Needs a back cover: choose “Front and back covers”.");
-
-// What the job lacks for covers and inserts; empty when it lacks nothing.
-std::string reasonAgainstFeatures(const JobTicket& job, const DialogPlaces& places) {
-  if (job.getValue(kOutputOrder) == "Reverse") return translated(places.needsOrder);
-  if (job.getValue(kNup) == "1") return translated(places.needsSinglePages);
-  return {};
-}
+constexpr const char* kNeedsOrderOfDefaults =
+    N_("Needs the pages in order; the printer's default options reverse them (see: lpoptions -p "
+       "%s).");
+constexpr const char* kNeedsSinglePagesOfDefaults =
+    N_("Needs one page per side; the default options ask for several or for a booklet (see: "
+       "lpoptions -p %s).");
 
 // One line for each greyed item: "Tray 2: conflicts with Media Type: Transparency".
 std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
@@ -33,9 +32,21 @@ std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
 
 }  // namespace
 
+std::string reasonAgainstFeatures(const DialogJob& dialog, const JobTicket& job,
+                                  const Printer& printer, const DialogPlaces& places) {
+  if (job.getValue(kOutputOrder) == "Reverse") {
+    return dialog.reverse ? translated(places.needsOrder)
+                          : translated(kNeedsOrderOfDefaults, printer.name());
+  }
+  if (job.getValue(kNup) == "1") {
+    return dialog.numberUp > 1 ? translated(places.needsSinglePages)
+                               : translated(kNeedsSinglePagesOfDefaults, printer.name());
+  }
+  return {};
+}
+
 void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
-                 const Printer& printer, const JobTicket& job, const DialogPlaces& places) {
-  const std::string against = reasonAgainstFeatures(job, places);
+                 const Printer& printer, const std::string& against, const DialogPlaces& places) {
   const auto needs = [&against](bool featureOn, const char* feature, const char* otherwise) {
     return !against.empty() ? against : translated(featureOn ? otherwise : feature);
   };

@@ -86,6 +86,9 @@ class ToolkitDialog {
 
   // --- the user ---
 
+  // Does what pressing Print does, soon or at once.
+  virtual void pressPrint() = 0;
+
   // Tells which choices the printer cannot combine and asks whether to print all the same. Modal.
   virtual bool insistsOnConflicts(const std::vector<Conflict>& conflicts) = 0;
 

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the program does to the dialog while one of the host's modal questions is open.
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
 #include <tuple>
 
-#include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "printing/StoredSettings.h"
-#include "tests/shells/TinyDialog.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/shells/DialogHostTest.h"
 
 namespace publishing {
 namespace {
@@ -43,36 +39,24 @@ constexpr Event kAway{"AnotherPrinterAndBack",
                       }};
 
 class DialogHostModalTest
-    : public testing::TestWithParam<std::tuple<Event, std::optional<const char*>>> {
+    : public DialogHostTest,
+      public testing::WithParamInterface<std::tuple<Event, std::optional<const char*>>> {
  protected:
   DialogHostModalTest() {
-    std::filesystem::remove_all(std::string(g_get_user_config_dir()) + "/publishing");
-    dialog.selectPrinter(office);
-    dialog.lookAtTab();
+    choose(office);
     dialog.onAlert = [this] { std::get<0>(GetParam()).happen(dialog, office, studio); };
   }
-
-  [[nodiscard]] static StoredSettings::Values stored(const std::string& printer) {
-    return StoredSettings().load(printer).values;
-  }
-
-  TemporaryFolder folder;
-  const std::string office =
-      folder.file("Office.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
-  const std::string studio =
-      folder.file("Studio.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
-  TinyDialog dialog;
 };
 
 // With a list: the alert about it. Without one: the question about a conflict, answered with yes.
 TEST_P(DialogHostModalTest, NothingIsPrintedOrStoredForAPrinterThatIsNoLongerMeant) {
   const auto& list = std::get<1>(GetParam());
   if (list) {
-    dialog.panel().checkBox("PiCheckBox")->click();
-    dialog.panel().textField("PiPageNum")->type(*list);
+    box("PiCheckBox").click();
+    pages().type(*list);
   } else {
-    dialog.panel().checkBox("CmCheckBox")->click();
-    dialog.panel().popUpButton("CmMediaType")->choose(4);
+    box("CmCheckBox").click();
+    popUp("CmMediaType").choose(4);
     dialog.change([](DialogJob& job) { job.options["InputSlot"] = "Tray2"; });
     dialog.insists = true;
   }

@@ -2,15 +2,11 @@
 // The panel's host in a print dialog that has no toolkit.
 #include "shells/DialogHost.h"
 
-#include <filesystem>
-
-#include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/sheets/SheetText.h"
-#include "tests/shells/TinyDialog.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/shells/DialogHostTest.h"
 
 namespace publishing {
 namespace {
@@ -20,32 +16,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::UnorderedElementsAre;
-
-class DialogHostTest : public testing::Test {
- protected:
-  DialogHostTest() {
-    std::filesystem::remove_all(std::string(g_get_user_config_dir()) + "/publishing");
-  }
-
-  void choose(const std::string& printer) {
-    dialog.selectPrinter(printer);
-    dialog.lookAtTab();
-  }
-  void wishForEverything();
-  [[nodiscard]] HeadlessCheckBox& box(const char* name) const {
-    return *dialog.panel().checkBox(name);
-  }
-  [[nodiscard]] HeadlessPopUpButton& popUp(const char* name) const {
-    return *dialog.panel().popUpButton(name);
-  }
-
-  TemporaryFolder folder;
-  const std::string office =
-      folder.file("Office.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
-  const std::string studio =
-      folder.file("Studio.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
-  TinyDialog dialog;
-};
 
 TEST_F(DialogHostTest, TabSaysWhyThereIsNoPanel) {
   EXPECT_THAT(dialog.message(), HasSubstr("Choose a printer"));
@@ -91,19 +61,6 @@ TEST_F(DialogHostTest, JobGetsWhatThePanelSaved) {
 }
 
 // Covers on both sides and inserts in a two-sided job.
-void DialogHostTest::wishForEverything() {
-  dialog.change([](DialogJob& job) { job.sides = Sides::TwoSidedLongEdge; });
-  box("CmCheckBox").click();
-  dialog.panel().radioMatrix("CmFrontandBackMatrix")->click(1);
-  popUp("CmMediaType").choose(4);
-  box("CmFrontOutside").click();
-  box("CmBackOutside").click();
-  box("PiCheckBox").click();
-  dialog.panel().textField("PiPageNum")->type("4-6,9");
-  popUp("PiMediaType").choose(2);
-  box("PiPrintOnFront").click();
-}
-
 std::string sheetsIn(const JobSheets& job) {
   return job.plan ? written(job.plan->sheets) : "unknown";
 }

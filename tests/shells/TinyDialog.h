@@ -35,7 +35,7 @@ class TinyDialog final : public ToolkitDialog {
   void change(const std::function<void(DialogJob& job)>& change);
   void lookAtTab();
 
-  // Whether the job goes to the printer.
+  // Whether the job goes to the printer. Also done when the host presses Print.
   bool print() { return host_->mayPrint(); }
 
   // As when the program destroys the dialog.
@@ -56,6 +56,8 @@ class TinyDialog final : public ToolkitDialog {
 
   // How many pages the document has, if the program tells.
   std::optional<int> pages;
+  // Whether the job went to the printer when the host pressed Print.
+  bool isPrinted = false;
 
   // The options that the last job got.
   JobTicket::Options handedOver;
@@ -81,6 +83,7 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] std::optional<int> documentPages() const override { return pages; }
   void showSheets(const JobSheets& sheets) override { sheets_ = sheets; }
   void bringTabToFront() override { isTabInFront_ = true; }
+  void pressPrint() override { isPrinted = print(); }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   void sayHelpIsMissing() override { alerts.emplace_back("help"); }
 

@@ -28,6 +28,9 @@ class PrintDialogUser {
   // The same without a look at the tab; waits until its label is no longer greyed.
   void choosePrinterOnly(const std::string& name);
 
+  // Only until GTK has it selected; the panel's host has just begun to ask it.
+  void selectPrinter(const std::string& name);
+
   // Brings one of the dialog's tabs to the front.
   void openTab(const std::string& label);
 
@@ -84,7 +87,6 @@ class PrintDialogUser {
   static void waitUntil(const char* what, const std::function<bool()>& condition);
 
  private:
-  void selectPrinter(const std::string& name);
   [[nodiscard]] GtkWidget* find(const char* id) const;
   [[nodiscard]] GtkNotebook* tabs() const;
   [[nodiscard]] GtkWidget* page() const;

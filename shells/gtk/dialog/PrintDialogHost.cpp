@@ -76,7 +76,8 @@ PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
 }
 
 PrintDialogHost::~PrintDialogHost() {
-  if (refreshSource_ != 0) g_source_remove(refreshSource_);
+  for (const guint source : {refreshSource_, printSource_})
+    if (source != 0) g_source_remove(source);
 }
 
 void PrintDialogHost::connect() {
@@ -211,6 +212,21 @@ void PrintDialogHost::bringTabToFront() {
   if (tabs == nullptr) return;
   auto* notebook = GTK_NOTEBOOK(tabs);
   gtk_notebook_set_current_page(notebook, gtk_notebook_page_num(notebook, page_.content()));
+}
+
+void PrintDialogHost::pressPrint() {
+  if (printSource_ != 0) return;
+  const auto press = [](gpointer data) -> gboolean {
+    auto& self = *static_cast<PrintDialogHost*>(data);
+    self.printSource_ = 0;
+    auto* dialog = GTK_DIALOG(self.dialog_);
+    GtkWidget* button = gtk_dialog_get_widget_for_response(dialog, GTK_RESPONSE_OK);
+    if (button == nullptr || gtk_widget_is_sensitive(button) != 0) {
+      gtk_dialog_response(dialog, GTK_RESPONSE_OK);
+    }
+    return G_SOURCE_REMOVE;
+  };
+  printSource_ = g_idle_add(+press, this);
 }
 
 bool PrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {

@@ -62,6 +62,7 @@ class PrintDialogHost final : private ToolkitDialog {
   void showSheets(const JobSheets& sheets) override { page_.showSheets(sheets); }
   [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
   void bringTabToFront() override;
+  void pressPrint() override;
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   void sayHelpIsMissing() override;
 
@@ -72,6 +73,7 @@ class PrintDialogHost final : private ToolkitDialog {
   SignalHandlers optionHandlers_;
   std::unique_ptr<PrinterFetch> fetch_;
   guint refreshSource_ = 0;
+  guint printSource_ = 0;
   DialogHost host_;
   SignalHandlers handlers_;
 };

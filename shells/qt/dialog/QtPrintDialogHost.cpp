@@ -197,6 +197,14 @@ void QtPrintDialogHost::bringTabToFront() {
   }
 }
 
+void QtPrintDialogHost::pressPrint() {
+  QTimer::singleShot(0, this, [this] {
+    for (QAbstractButton* button : parts_.buttons->buttons()) {
+      if (parts_.buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) button->click();
+    }
+  });
+}
+
 bool QtPrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
   const HostMessage message = conflictMessage(conflicts);
   const QPointer<QMessageBox> question = makeMessageBox(dialog_, message.title, message.text);

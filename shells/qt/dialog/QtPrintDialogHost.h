@@ -71,6 +71,7 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void setSummary(const std::string& text) override { page_->setSummary(text); }
   [[nodiscard]] bool isTabInFront() const override { return page_->isVisible(); }
   void bringTabToFront() override;
+  void pressPrint() override;
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   void sayHelpIsMissing() override;
 
