@@ -29,6 +29,13 @@ JobTicket::Options panelOptions(const JobTicket::Options& settings) {
   return options;
 }
 
+std::string linesOf(const std::vector<std::string>& texts) {
+  std::string lines;
+  for (const std::string& text : texts)
+    lines += (lines.empty() ? "" : "\n") + text;
+  return lines;
+}
+
 bool hasRemembered(const std::string& queue) {
   const StoredSettings::Values values = StoredSettings().load(queue).values;
   return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
@@ -105,14 +112,16 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
     return;
   }
   if (!HostedPanel::suits(*printer)) {
-    leavePanel(translated("The driver of the printer %s does not make covers and inserts. On many "
-                          "printers an administrator can add them: publishing printer enable -d %s",
-                          printer->name(), printer->name()),
-               ToolkitDialog::Waiting::NoPanel);
+    std::string message = translated(
+        "The driver of the printer %s does not make covers and inserts. On many printers an "
+        "administrator can add them: publishing printer enable -d %s",
+        printer->name(), printer->name());
+    if (printer->ppd() != nullptr && !printer->warnings().empty()) {
+      message += "\n\n" + linesOf(printer->warnings());
+    }
+    leavePanel(message, ToolkitDialog::Waiting::NoPanel);
     return;
   }
-  for (const std::string& warning : printer->warnings())
-    g_message("%s", warning.c_str());
   const DialogJob job = dialog_.job();
   // A panel that is still asking something may outlast the host.
   const auto changed = [this, life = std::weak_ptr(life_)] {
@@ -133,6 +142,8 @@ bool DialogHost::openPanel() {
     return false;
   }
   dialog_.showPanel(*view);
+  dialog_.showNotices(linesOf(panel_->notices()));
+  isSeen_ = dialog_.isTabInFront();
   panel_->takeMedia(job);
   giveMedia(false);
   panelChanged();
@@ -144,6 +155,7 @@ void DialogHost::refresh() {
   const DialogJob job = dialog_.job();
   const bool isNeeded = dialog_.isTabInFront() || panel_->affectsJob(job);
   if (!panel_->isOpen() && (!isNeeded || !openPanel())) return;
+  isSeen_ = isSeen_ || dialog_.isTabInFront();
   panel_->follow(job);
   panel_->takeMedia(job);
   panelChanged();
@@ -195,6 +207,23 @@ bool DialogHost::mayPrintWithoutPanel() {
   return false;
 }
 
+bool DialogHost::acceptsLosses() {
+  if (isSeen_) return true;
+  const auto panel = panel_;
+  const std::weak_ptr<const bool> life = life_;
+  std::vector<std::string> losses = panel->losses();
+  const auto lossOfInserts = panel->lossOfInserts();
+  if (lossOfInserts) losses.push_back(*lossOfInserts);
+  if (losses.empty()) return true;
+  const bool accepts = dialog_.printsWithout(linesOf(losses));
+  if (life.expired() || panel_ != panel) return false;
+  if (accepts && lossOfInserts) {
+    panel->leaveOutInserts();
+    panelChanged();
+  }
+  return accepts;
+}
+
 bool DialogHost::mayPrint() {
   if (panel_ == nullptr) return mayPrintWithoutPanel();
   if (!openPanel()) return true;
@@ -205,10 +234,19 @@ bool DialogHost::mayPrint() {
   const std::weak_ptr<const bool> life = life_;
   const auto isOver = [&] { return life.expired() || panel_ != panel; };
 
+  const bool goesOn = acceptsLosses();
+  if (isOver()) return false;
+  if (!goesOn) {
+    isSeen_ = true;
+    dialog_.bringTabToFront();
+    panel->revealFault();
+    return false;
+  }
   const auto settings = panel->save();
   if (isOver()) return false;
   if (!settings) {
     dialog_.bringTabToFront();
+    panel->revealFault();
     return false;
   }
   const auto conflicts = panel->conflicts();

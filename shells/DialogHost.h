@@ -49,6 +49,8 @@ class DialogHost {
   void panelChanged();
   // Says and draws what would come out.
   void showSheets();
+  // Asks the user about what is remembered and cannot be printed, unless the panel has shown it.
+  bool acceptsLosses();
   // Print was pressed before there is a panel.
   bool mayPrintWithoutPanel();
   [[nodiscard]] std::string askingText() const;
@@ -59,6 +61,7 @@ class DialogHost {
   std::string asked_;
   bool isLate_ = false;          // it has not answered for some time
   bool printsOnAnswer_ = false;  // Print was pressed meanwhile
+  bool isSeen_ = false;          // the user has looked at the panel
   // Shared with whoever waits for an alert of the panel, which may outlast the host.
   std::shared_ptr<HostedPanel> panel_;
   std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,14 @@ class HostBundle : public Bundle {
   // What the control of the interface loaded last says when it is pointed at; empty for nothing.
   // `outlet` is the name of one of its controls.
   virtual void setTooltip(std::string_view outlet, const std::string& text) = 0;
+
+  // A paragraph of the host's that alerts have below the panel's own message from now on; empty for
+  // none.
+  virtual void setAlertDetail(const std::string& detail) = 0;
+
+  // Brings the text field of the interface loaded last to the front, for the user to go on with:
+  // the keyboard is on it, and `length` of its characters from `first` on are selected.
+  virtual void revealText(std::string_view outlet, std::size_t first, std::size_t length) = 0;
 };
 
 }  // namespace publishing

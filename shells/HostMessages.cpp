@@ -10,6 +10,10 @@ HostMessage conflictMessage(const std::vector<Conflict>& conflicts) {
   return {translated("The printer cannot combine these choices."), lines};
 }
 
+HostMessage lossMessage(const std::string& losses) {
+  return {translated("Not everything that is remembered can be printed."), losses};
+}
+
 HostMessage missingHelpMessage(const std::string& folder) {
   return {translated("The help cannot be shown."),
           translated("Install a web browser, or open this page with another program: %s",

@@ -78,10 +78,12 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
 
 void HostedPanel::loadStored() {
   const Remembered remembered = recall(StoredSettings(), *printer_);
-  for (const std::string& warning : remembered.warnings)
-    g_message("%s", warning.c_str());
-  for (const std::string& loss : remembered.losses)
-    g_message("%s", loss.c_str());
+  losses_ = remembered.losses;
+  notices_ = printer_->warnings();
+  notices_.insert(notices_.end(), remembered.warnings.begin(), remembered.warnings.end());
+  notices_.insert(notices_.end(), losses_.begin(), losses_.end());
+  for (const std::string& notice : notices_)
+    g_message("%s", notice.c_str());
   for (const auto& [key, value] : remembered.values)
     ticket_.setValue(key, value);
   wish_ = PanelWish(ticket_);
@@ -162,6 +164,7 @@ void HostedPanel::showWish() {
 
 void HostedPanel::noteGesture() {
   if (wish_.note(*panel_, controls_)) showWish();
+  keepsInserts_ = keepsInserts_ && !wish_.isOn(kPageInsert);
 }
 
 bool HostedPanel::isShownOn(const PublishingFeature& feature) const {
@@ -205,6 +208,8 @@ std::map<std::string, std::string> HostedPanel::media() {
   for (const PublishingFeature& feature : kFeatures) {
     if (isShownOn(feature)) {
       media[feature.option] = mediumOf(feature);
+    } else if (dialogMedia_[feature.option] == kNone) {
+      continue;  // wants nothing either
     } else if (const auto nothing = choiceWhenOff(feature, *printer_->ppd())) {
       media[feature.option] = *nothing;
     } else if (givenMedia_.contains(feature.option)) {
@@ -223,7 +228,37 @@ std::map<std::string, std::string> HostedPanel::media() {
   return media;
 }
 
+std::optional<PageListFault> HostedPanel::faultInList() const {
+  panel_->updateSettings();
+  const PublishingSettings& state = panel_->state();
+  if (state.pageinsertEnableState != 1) return std::nullopt;
+  const auto sides = static_cast<Sides>(ticket_.getDuplex().value_or(1));
+  return faultInPages(state.pageNumValue.value_or(""), sides != Sides::OneSided,
+                      state.covermodeValue);
+}
+
+std::optional<std::string> HostedPanel::lossOfInserts() const {
+  const auto fault = faultInList();
+  if (!fault) return std::nullopt;
+  const std::string list = panel_->state().pageNumValue.value_or("");
+  return translated("The pages remembered for inserted sheets (%s) cannot be used for this job. %s",
+                    list, fault->reason);
+}
+
+void HostedPanel::leaveOutInserts() {
+  wish_.switchTo(kPageInsert, false);
+  keepsInserts_ = true;
+  showWish();
+}
+
+void HostedPanel::revealFault() {
+  const auto fault = faultInList();
+  if (fault) bundle_->revealText(outlet::PiPageNum, fault->first, fault->length);
+}
+
 std::optional<JobTicket::Options> HostedPanel::save() {
+  const auto fault = faultInList();
+  bundle_->setAlertDetail(fault ? fault->reason : std::string());
   const bool isAccepted = panel_->saveValuesAndReturnError();
   auto settings = ticket_.copyAsDictionary();
   dropIndexes(ticket_);
@@ -246,7 +281,8 @@ void HostedPanel::leaveOutMediaOff(JobTicket::Options& settings) const {
 void HostedPanel::remember(const JobTicket::Options& settings) const {
   std::vector<PublishingFeature> kept;
   for (const PublishingFeature& feature : kFeatures) {
-    if (wish_.isOn(feature) && isForbidden(feature)) kept.push_back(feature);
+    const bool isLeftOut = keepsInserts_ && feature.option == kPageInsert.option;
+    if (isLeftOut || (wish_.isOn(feature) && isForbidden(feature))) kept.push_back(feature);
   }
   try {
     publishing::remember(StoredSettings(), *printer_, settings, kept);

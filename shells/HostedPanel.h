@@ -19,6 +19,7 @@
 #include "shells/DialogJob.h"
 #include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
+#include "shells/PageListFault.h"
 #include "shells/PanelControls.h"
 #include "shells/PanelWish.h"
 #include "shells/TicketCallback.h"
@@ -41,6 +42,13 @@ class HostedPanel {
 
   // The panel's name for the user.
   [[nodiscard]] const std::string& name() { return panel_->panelName(); }
+
+  // What the user should know of the printer and of what is remembered for it: a PPD that may be
+  // damaged, settings that cannot be read, media that are no longer offered.
+  [[nodiscard]] const std::vector<std::string>& notices() const { return notices_; }
+
+  // Those of the notices that leave something out of the job.
+  [[nodiscard]] const std::vector<std::string>& losses() const { return losses_; }
 
   // Whether the queue's stored settings or a medium that the user chose in the dialog's own tabs
   // make a difference to the job already. `job` is what the dialog says now.
@@ -73,10 +81,20 @@ class HostedPanel {
     dialogMedia_[option] = choice;
   }
 
+  // For a user who has not seen the page list: that the panel will not accept it; nothing when it
+  // will.
+  [[nodiscard]] std::optional<std::string> lossOfInserts() const;
+
+  // Switches the inserts off; what is remembered of them stays.
+  void leaveOutInserts();
+
   // Saves the panel's state. Nothing, after an alert, when the panel does not accept the page list;
   // else all settings of the ticket, the panel's among them. A feature that is off has no medium
   // there, or the choice that wants nothing.
   std::optional<JobTicket::Options> save();
+
+  // Leads the user to the entry of the page list that save() did not accept.
+  void revealFault();
 
   // The conflicts among all choices of the job, but for the media of features that are off.
   [[nodiscard]] std::vector<Conflict> conflicts() const {
@@ -102,6 +120,7 @@ class HostedPanel {
   void takeJob(const DialogJob& job);
   void showWish();
   void leaveOutMediaOff(JobTicket::Options& settings) const;
+  [[nodiscard]] std::optional<PageListFault> faultInList() const;
   [[nodiscard]] bool isShownOn(const PublishingFeature& feature) const;
   [[nodiscard]] bool isForbidden(const PublishingFeature& feature) const;
   [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
@@ -117,6 +136,9 @@ class HostedPanel {
   std::map<std::string, std::string> givenMedia_;   // by PPD option, what media() answered last
   // By PPD option: what a feature that is off says because the defaults have a medium for it.
   std::map<std::string, std::string> insteadOfDefaults_;
+  std::vector<std::string> notices_;
+  std::vector<std::string> losses_;
+  bool keepsInserts_ = false;  // what is remembered of them stays, see leaveOutInserts
   PanelWish wish_;
   JobLayout defaultLayout_;  // of a job of whose layout the dialog says nothing
   DialogJob job_;            // what the dialog said last

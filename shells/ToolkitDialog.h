@@ -75,6 +75,9 @@ class ToolkitDialog {
   // Shows the panel's view, which came from a bundle of makeBundle(); the panel was offered.
   virtual void showPanel(View& view) = 0;
 
+  // Lines above the panel that the user should know of; empty for none. Until the next showPanel().
+  virtual void showNotices(const std::string& text) = 0;
+
   // Some lines below the panel, while it is shown: what comes out of the printer, in words.
   virtual void setSummary(const std::string& text) = 0;
 
@@ -91,6 +94,10 @@ class ToolkitDialog {
 
   // Tells which choices the printer cannot combine and asks whether to print all the same. Modal.
   virtual bool insistsOnConflicts(const std::vector<Conflict>& conflicts) = 0;
+
+  // Tells what the job cannot have of what is remembered, and asks whether to print without it.
+  // Modal.
+  virtual bool printsWithout(const std::string& losses) = 0;
 
   // Says that the help could not be shown, and where it is.
   virtual void sayHelpIsMissing() = 0;

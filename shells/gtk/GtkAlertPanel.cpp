@@ -21,8 +21,9 @@ void GtkAlertPanel::runAlertPanel(const std::string& title, const std::string& m
       shareGObject(gtk_message_dialog_new(windowOf(view_), flags, GTK_MESSAGE_WARNING,
                                           GTK_BUTTONS_NONE, "%s", displayText(title).c_str()));
   auto* dialog = GTK_DIALOG(alert.get());
+  const std::string text = detail_.empty() ? message : message + "\n\n" + detail_;
   gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(dialog), "%s",
-                                           displayText(message).c_str());
+                                           displayText(text).c_str());
   gtk_window_set_title(GTK_WINDOW(dialog), "");
   gtk_dialog_add_button(dialog, displayLabel(defaultButton, '_').c_str(), GTK_RESPONSE_OK);
   gtk_dialog_set_default_response(dialog, GTK_RESPONSE_OK);

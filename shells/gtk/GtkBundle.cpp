@@ -37,6 +37,10 @@ void GtkBundle::setTooltip(std::string_view outlet, const std::string& text) {
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void GtkBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
+  if (interface() != nullptr) interface()->revealText(outlet, first, length);
+}
+
 bool GtkBundle::registerHelpBook() {
   helpPage_ = helpStartPage(path_);
   return !helpPage_.empty();

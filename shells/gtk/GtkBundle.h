@@ -33,6 +33,8 @@ class GtkBundle final : public HostBundle {
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
   void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
+  void setAlertDetail(const std::string& detail) override { alertPanel_.setDetail(detail); }
+  void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
 
   // The interface loaded last; null before the first load.
   [[nodiscard]] GtkInterface* interface() const;

@@ -183,6 +183,16 @@ void GtkTabView::removeTabViewItemAtIndex(std::int64_t index) {
   gtk_notebook_remove_page(notebook(), static_cast<gint>(index));
 }
 
+void GtkTabView::bringToFront(GtkWidget* widget) {
+  const SignalHandlers::Block block(handlers_);
+  for (gint index = 0; index < gtk_notebook_get_n_pages(notebook()); ++index) {
+    GtkWidget* page = gtk_notebook_get_nth_page(notebook(), index);
+    if (page == widget || gtk_widget_is_ancestor(widget, page) != 0) {
+      gtk_notebook_set_current_page(notebook(), index);
+    }
+  }
+}
+
 void GtkTabView::setAction(const char* signal, std::function<void()> didSelect) {
   didSelect_ = std::move(didSelect);
   const auto send = [](GtkNotebook*, GtkWidget*, guint, gpointer self) {

@@ -156,6 +156,9 @@ class GtkTabView final : public TabView {
   [[nodiscard]] std::string tabViewItemLabelAtIndex(std::int64_t index) const override;
   void removeTabViewItemAtIndex(std::int64_t index) override;
 
+  // Selects the tab that the widget is in, if any; this is no gesture of the user's.
+  void bringToFront(GtkWidget* widget);
+
   // Sends the action at the signal, which must be "switch-page".
   void setAction(const char* signal, std::function<void()> didSelect);
 

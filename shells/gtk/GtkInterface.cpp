@@ -144,6 +144,14 @@ void GtkInterface::setTooltip(std::string_view name, const std::string& text) {
   });
 }
 
+void GtkInterface::revealText(std::string_view name, std::size_t first, std::size_t length) {
+  GtkTextField* field = textField(name);
+  if (field == nullptr) return;
+  for (const auto& [tabsName, tabs] : tabViews_)
+    tabs->bringToFront(field->widget());
+  field->select(first, length);
+}
+
 GtkCheckBox* GtkInterface::checkBox(std::string_view name) {
   return find(checkBoxes_, name);
 }

@@ -44,6 +44,12 @@ void GtkTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
   formatter_ = std::move(formatter);
 }
 
+void GtkTextField::select(std::size_t first, std::size_t length) {
+  gtk_widget_grab_focus(widget());
+  gtk_editable_select_region(editable(), static_cast<gint>(first),
+                             static_cast<gint>(first + length));
+}
+
 void GtkTextField::show(const std::string& text) {
   const SignalHandlers::Block block(handlers());
   if (text != gtk_entry_get_text(entry())) gtk_entry_set_text(entry(), text.c_str());

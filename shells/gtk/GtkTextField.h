@@ -24,6 +24,9 @@ class GtkTextField final : public GtkControl<TextField> {
   void setStringValue(const std::string& value) override;
   void setFormatter(std::shared_ptr<const Formatter> formatter) override;
 
+  // Puts the keyboard on the field and selects `length` of its characters from `first` on.
+  void select(std::size_t first, std::size_t length);
+
  private:
   struct Content {
     std::string text;

@@ -27,9 +27,14 @@ void HeadlessBundle::setTooltip(std::string_view outlet, const std::string& text
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void HeadlessBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
+  HeadlessTextField* field = interface() != nullptr ? interface()->textField(outlet) : nullptr;
+  if (field != nullptr) field->select(first, length);
+}
+
 void HeadlessBundle::runAlertPanel(const std::string& title, const std::string& message,
                                    const std::string& defaultButton) {
-  alert_(title, message, defaultButton);
+  alert_(title, alertDetail_.empty() ? message : message + "\n\n" + alertDetail_, defaultButton);
 }
 
 }  // namespace publishing

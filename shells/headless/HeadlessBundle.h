@@ -29,6 +29,8 @@ class HeadlessBundle final : public HostBundle, private AlertPanel {
   [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
   void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
+  void setAlertDetail(const std::string& detail) override { alertDetail_ = detail; }
+  void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
 
   // The interface loaded last, for the user's gestures; null before the first load.
   [[nodiscard]] HeadlessInterface* interface() const;
@@ -40,6 +42,7 @@ class HeadlessBundle final : public HostBundle, private AlertPanel {
                      const std::string& defaultButton) override;
 
   Alert alert_;
+  std::string alertDetail_;
   std::function<void()> changed_;
   std::vector<std::unique_ptr<HeadlessInterface>> interfaces_;
 };

@@ -115,12 +115,17 @@ class HeadlessTextField final : public HeadlessControl<TextField> {
     formatter_ = std::move(formatter);
   }
 
+  // What the keyboard would replace; nothing at first.
+  void select(std::size_t first, std::size_t length) { selected_ = value_.substr(first, length); }
+  [[nodiscard]] const std::optional<std::string>& selected() const { return selected_; }
+
   // Empties the field, then types the text character by character. A character that the formatter
   // refuses is left out.
   void type(const std::string& text);
 
  private:
   std::string value_;
+  std::optional<std::string> selected_;
   std::shared_ptr<const Formatter> formatter_;
 };
 

@@ -24,7 +24,8 @@ QMessageBox* makeMessageBox(QWidget* parent, const std::string& title, const std
 void QtAlertPanel::runAlertPanel(const std::string& title, const std::string& message,
                                  const std::string& defaultButton) {
   QWidget* window = view_ != nullptr ? view_->widget()->window() : nullptr;
-  const QPointer<QMessageBox> alert = makeMessageBox(window, title, message);
+  const std::string text = detail_.empty() ? message : message + "\n\n" + detail_;
+  const QPointer<QMessageBox> alert = makeMessageBox(window, title, text);
   alert->setDefaultButton(alert->addButton(shownLabel(defaultButton), QMessageBox::AcceptRole));
   alert->exec();
   delete alert.data();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string>
+
 #include "Publishing/platform/AlertPanel.h"
 #include "shells/qt/QtControls.h"
 
@@ -14,11 +16,15 @@ class QtAlertPanel final : public AlertPanel {
   // The view whose window the alerts belong to; null, as at first, for none.
   void setView(const QtView* view) { view_ = view; }
 
+  // What is shown below the messages of alerts from now on; empty for nothing.
+  void setDetail(const std::string& detail) { detail_ = detail; }
+
   void runAlertPanel(const std::string& title, const std::string& message,
                      const std::string& defaultButton) override;
 
  private:
   const QtView* view_ = nullptr;
+  std::string detail_;
 };
 
 // A message box with texts of ours, shown as they stand. Belongs to the parent, which may be

@@ -31,6 +31,10 @@ void QtBundle::setTooltip(std::string_view outlet, const std::string& text) {
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void QtBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
+  if (interface() != nullptr) interface()->revealText(outlet, first, length);
+}
+
 bool QtBundle::registerHelpBook() {
   helpPage_ = helpStartPage(path_);
   return !helpPage_.empty();

@@ -132,7 +132,7 @@ std::optional<std::string> QtPopUpButton::titleOfSelectedItem() const {
 QtTabView::QtTabView(QTabWidget* tabs) : tabs_(tabs) {
   QObject::connect(tabs, &QTabWidget::currentChanged, &receiver_, [this] {
     guarded([this] {
-      if (!isRemoving_ && didSelect_) didSelect_();
+      if (!isChanging_ && didSelect_) didSelect_();
     });
   });
 }
@@ -147,9 +147,17 @@ std::string QtTabView::tabViewItemLabelAtIndex(std::int64_t index) const {
 
 void QtTabView::removeTabViewItemAtIndex(std::int64_t index) {
   if (index < 0 || index >= numberOfTabViewItems()) return;
-  isRemoving_ = true;
+  isChanging_ = true;
   tabs_->removeTab(static_cast<int>(index));
-  isRemoving_ = false;
+  isChanging_ = false;
+}
+
+void QtTabView::bringToFront(const QWidget* widget) {
+  isChanging_ = true;
+  for (int index = 0; index < tabs_->count(); ++index) {
+    if (tabs_->widget(index)->isAncestorOf(widget)) tabs_->setCurrentIndex(index);
+  }
+  isChanging_ = false;
 }
 
 }  // namespace publishing

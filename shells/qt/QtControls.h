@@ -147,12 +147,15 @@ class QtTabView final : public TabView {
   void removeTabViewItemAtIndex(std::int64_t index) override;
   void setAction(std::function<void()> didSelect) { didSelect_ = std::move(didSelect); }
 
+  // Selects the tab that the widget is in, if any; this is no gesture of the user's.
+  void bringToFront(const QWidget* widget);
+
   [[nodiscard]] QTabWidget* widget() const { return tabs_; }
 
  private:
   QTabWidget* tabs_;
   std::function<void()> didSelect_;
-  bool isRemoving_ = false;
+  bool isChanging_ = false;  // by code of ours
   QObject receiver_;
 };
 

@@ -137,6 +137,14 @@ void QtInterface::setTooltip(std::string_view name, const std::string& text) {
   });
 }
 
+void QtInterface::revealText(std::string_view name, std::size_t first, std::size_t length) {
+  QtTextField* field = textField(name);
+  if (field == nullptr) return;
+  for (const auto& [tabsName, tabs] : tabViews_)
+    tabs->bringToFront(field->widget());
+  field->select(first, length);
+}
+
 QtCheckBox* QtInterface::checkBox(std::string_view name) {
   return find(checkBoxes_, name);
 }

@@ -49,6 +49,9 @@ class QtInterface {
   // control of this name.
   void setTooltip(std::string_view name, const std::string& text);
 
+  // See HostBundle::revealText.
+  void revealText(std::string_view name, std::size_t first, std::size_t length);
+
  private:
   template <class ControlType>
   using ControlsByName = std::map<std::string, std::unique_ptr<ControlType>, std::less<>>;

@@ -31,6 +31,11 @@ void QtTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
   formatter_ = std::move(formatter);
 }
 
+void QtTextField::select(std::size_t first, std::size_t length) {
+  field_->setFocus();
+  field_->setSelection(static_cast<int>(first), static_cast<int>(length));
+}
+
 void QtTextField::edited(const QString& text) {
   if (formatter_ != nullptr) {
     const std::string partial = text.toStdString();

@@ -20,6 +20,9 @@ class QtTextField final : public QtControl<TextField> {
   void setStringValue(const std::string& value) override;
   void setFormatter(std::shared_ptr<const Formatter> formatter) override;
 
+  // Puts the keyboard on the field and selects `length` of its characters from `first` on.
+  void select(std::size_t first, std::size_t length);
+
  private:
   void edited(const QString& text);
   // Shows the text without asking the formatter.

@@ -87,4 +87,11 @@ bool TinyDialog::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
   return answer;
 }
 
+bool TinyDialog::printsWithout(const std::string& losses) {
+  alerts.push_back(losses);
+  const bool answer = acceptsLosses;
+  onAlert();
+  return answer;
+}
+
 }  // namespace publishing

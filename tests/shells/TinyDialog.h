@@ -34,6 +34,7 @@ class TinyDialog final : public ToolkitDialog {
   // Changes what the dialog's own tabs say.
   void change(const std::function<void(DialogJob& job)>& change);
   void lookAtTab();
+  void leaveTab() { isTabInFront_ = false; }
 
   // Whether the job goes to the printer. Also done when the host presses Print.
   bool print() { return host_->mayPrint(); }
@@ -51,6 +52,7 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] const std::string& summary() const { return summary_; }
   [[nodiscard]] const JobSheets& sheets() const { return sheets_; }
   [[nodiscard]] const DialogJob& settings() const { return job_; }
+  [[nodiscard]] const std::string& notices() const { return notices_; }
   [[nodiscard]] std::string choice(const std::string& option) const;
   [[nodiscard]] bool isTabInFront() const override { return isTabInFront_; }
 
@@ -66,6 +68,7 @@ class TinyDialog final : public ToolkitDialog {
   std::vector<std::string> alerts;
   std::function<void()> onAlert = [] {};
   bool insists = false;
+  bool acceptsLosses = false;
 
  private:
   [[nodiscard]] std::optional<Selection> selection() const override { return selection_; }
@@ -79,12 +82,14 @@ class TinyDialog final : public ToolkitDialog {
   void showMessage(const std::string& text, Waiting waiting) override;
   void offerPanel(const std::string& name) override { message_ = name; }
   void showPanel(View& view) override;
+  void showNotices(const std::string& text) override { notices_ = text; }
   void setSummary(const std::string& text) override { summary_ = text; }
   [[nodiscard]] std::optional<int> documentPages() const override { return pages; }
   void showSheets(const JobSheets& sheets) override { sheets_ = sheets; }
   void bringTabToFront() override { isTabInFront_ = true; }
   void pressPrint() override { isPrinted = print(); }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
+  bool printsWithout(const std::string& losses) override;
   void sayHelpIsMissing() override { alerts.emplace_back("help"); }
 
   const DialogPlaces places_ = {"Needs two-sided printing.", "Switch off Reverse.",
@@ -97,6 +102,7 @@ class TinyDialog final : public ToolkitDialog {
   bool isPanelShown_ = false;
   bool isTabInFront_ = false;
   std::string message_;
+  std::string notices_;
   std::string summary_;
   JobSheets sheets_;
   std::unique_ptr<DialogHost> host_ = std::make_unique<DialogHost>(*this);

@@ -232,6 +232,22 @@ std::string PrintDialogUser::text(const char* entry) const {
   return gtk_entry_get_text(GTK_ENTRY(find(entry)));
 }
 
+std::string PrintDialogUser::selection(const char* entry) const {
+  gint start = 0;
+  gint end = 0;
+  gtk_editable_get_selection_bounds(GTK_EDITABLE(find(entry)), &start, &end);
+  const GlibText text(gtk_editable_get_chars(GTK_EDITABLE(find(entry)), start, end));
+  return text.get();
+}
+
+bool PrintDialogUser::hasFocus(const char* control) const {
+  return gtk_window_get_focus(GTK_WINDOW(dialog())) == find(control);
+}
+
+int PrintDialogUser::frontPanelTab() const {
+  return gtk_notebook_get_current_page(GTK_NOTEBOOK(find("tabView")));
+}
+
 std::string PrintDialogUser::tooltip(const char* control) const {
   const GlibText tooltip(gtk_widget_get_tooltip_text(find(control)));
   return tooltip != nullptr ? tooltip.get() : "";

@@ -65,6 +65,12 @@ class PrintDialogUser {
   // The panel's tab: its label, whether that is greyed, and its tooltip.
   [[nodiscard]] GtkWidget* tabLabel() const;
 
+  [[nodiscard]] std::string selection(const char* entry) const;
+  [[nodiscard]] bool hasFocus(const char* control) const;
+
+  // Which of the panel's own tabs is in front.
+  [[nodiscard]] int frontPanelTab() const;
+
   // The label that is in front of all tabs.
   [[nodiscard]] std::string frontTab() const;
 

@@ -138,6 +138,28 @@ void DialogPage::showPanel(GtkWidget* view) {
   gtk_stack_set_visible_child_name(GTK_STACK(content()), kPanel);
 }
 
+void DialogPage::addNotices() {
+  noticeBar_ = gtk_info_bar_new();
+  gtk_info_bar_set_message_type(GTK_INFO_BAR(noticeBar_), GTK_MESSAGE_WARNING);
+  notices_ = gtk_label_new(nullptr);
+  gtk_label_set_line_wrap(GTK_LABEL(notices_), TRUE);
+  gtk_label_set_max_width_chars(GTK_LABEL(notices_), kMessageWidth);
+  gtk_label_set_xalign(GTK_LABEL(notices_), 0);
+  gtk_label_set_selectable(GTK_LABEL(notices_), TRUE);
+  gtk_container_add(GTK_CONTAINER(gtk_info_bar_get_content_area(GTK_INFO_BAR(noticeBar_))),
+                    notices_);
+  gtk_widget_show_all(noticeBar_);
+  gtk_box_pack_start(GTK_BOX(panelBox_), noticeBar_, FALSE, FALSE, 0);
+  gtk_box_reorder_child(GTK_BOX(panelBox_), noticeBar_, 0);
+}
+
+void DialogPage::showNotices(const std::string& text) {
+  if (notices_ == nullptr && text.empty()) return;
+  if (notices_ == nullptr) addNotices();
+  gtk_label_set_text(GTK_LABEL(notices_), displayText(text).c_str());
+  gtk_widget_set_visible(noticeBar_, text.empty() ? FALSE : TRUE);
+}
+
 void DialogPage::setSummary(const std::string& text) {
   summaryText_ = text;
   say(text);

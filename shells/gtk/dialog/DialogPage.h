@@ -38,6 +38,9 @@ class DialogPage {
   // Shows the panel's view. The panel must have been offered.
   void showPanel(GtkWidget* view);
 
+  // Lines above the panel, only while it is shown; empty for none.
+  void showNotices(const std::string& text);
+
   // Whether the user looks at the tab.
   [[nodiscard]] bool isInFront() const { return gtk_widget_get_mapped(content()) != 0; }
 
@@ -52,6 +55,7 @@ class DialogPage {
   void addPanel();
   GtkWidget* makeFoot();
   void say(const std::string& text);
+  void addNotices();
 
   GObjectPtr<GtkWidget> content_;
   GObjectPtr<GtkWidget> label_;
@@ -62,6 +66,8 @@ class DialogPage {
   GtkWidget* panelBox_ = nullptr;
   GtkWidget* panel_ = nullptr;  // null while a message is shown
   std::unique_ptr<SheetsView> sheets_;
+  GtkWidget* notices_ = nullptr;  // the label
+  GtkWidget* noticeBar_ = nullptr;
   GtkWidget* summary_ = nullptr;
   std::string summaryText_;
   std::function<void()> help_;

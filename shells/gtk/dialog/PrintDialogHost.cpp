@@ -11,9 +11,9 @@
 #include "shells/Guarded.h"
 #include "shells/HostMessages.h"
 #include "shells/gtk/GtkBundle.h"
-#include "shells/gtk/dialog/ConflictDialog.h"
 #include "shells/gtk/dialog/DialogSettings.h"
 #include "shells/gtk/dialog/JobHandover.h"
+#include "shells/gtk/dialog/PrintQuestions.h"
 
 namespace publishing {
 namespace {
@@ -231,6 +231,10 @@ void PrintDialogHost::pressPrint() {
 
 bool PrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
   return publishing::insistsOnConflicts(GTK_WINDOW(dialog_), conflicts);
+}
+
+bool PrintDialogHost::printsWithout(const std::string& losses) {
+  return publishing::printsWithout(GTK_WINDOW(dialog_), losses);
 }
 
 void PrintDialogHost::sayHelpIsMissing() {

@@ -58,12 +58,14 @@ class PrintDialogHost final : private ToolkitDialog {
   void showMessage(const std::string& text, Waiting waiting) override;
   void offerPanel(const std::string& name) override { page_.offerPanel(name); }
   void showPanel(View& view) override;
+  void showNotices(const std::string& text) override { page_.showNotices(text); }
   void setSummary(const std::string& text) override { page_.setSummary(text); }
   void showSheets(const JobSheets& sheets) override { page_.showSheets(sheets); }
   [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
   void bringTabToFront() override;
   void pressPrint() override;
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
+  bool printsWithout(const std::string& losses) override;
   void sayHelpIsMissing() override;
 
   GtkPrintUnixDialog* dialog_;

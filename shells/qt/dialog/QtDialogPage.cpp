@@ -16,7 +16,8 @@ QtDialogPage::QtDialogPage(QTabWidget* tabs, const std::string& name)
     : tabs_(tabs),
       layout_(new QVBoxLayout(this)),
       activity_(new QProgressBar(this)),
-      message_(new QLabel(this)) {
+      message_(new QLabel(this)),
+      notices_(new QLabel(this)) {
   setWindowTitle(shownLabel(name));
   activity_->setRange(0, 0);
   activity_->setVisible(false);
@@ -24,6 +25,12 @@ QtDialogPage::QtDialogPage(QTabWidget* tabs, const std::string& name)
   message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   message_->setWordWrap(true);
   message_->setAlignment(Qt::AlignCenter);
+  notices_->setTextFormat(Qt::PlainText);
+  notices_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  notices_->setWordWrap(true);
+  notices_->setFrameStyle(QFrame::StyledPanel);
+  notices_->setVisible(false);
+  layout_->addWidget(notices_);
   layout_->addWidget(message_, 1);
   layout_->addWidget(activity_);
 }
@@ -68,6 +75,7 @@ void QtDialogPage::removePanel() {
 
 void QtDialogPage::showForNow(const std::string& text, bool waiting) {
   removePanel();
+  notices_->setVisible(false);
   if (foot_ != nullptr) foot_->setVisible(false);
   message_->setText(shownText(text));
   message_->setVisible(true);
@@ -92,11 +100,16 @@ void QtDialogPage::showPanel(QWidget* view) {
   removePanel();
   if (foot_ == nullptr) foot_ = makeFoot();
   panel_ = view;
-  layout_->insertWidget(0, view, 1);
+  layout_->insertWidget(1, view, 1);
   message_->setVisible(false);
   activity_->setVisible(false);
   view->show();
   foot_->setVisible(true);
+}
+
+void QtDialogPage::showNotices(const std::string& text) {
+  notices_->setText(shownText(text));
+  notices_->setVisible(!text.empty());
 }
 
 void QtDialogPage::setSummary(const std::string& text) {

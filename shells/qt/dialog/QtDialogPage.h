@@ -36,6 +36,9 @@ class QtDialogPage final : public QWidget {
   // Shows the panel's view. The panel must have been offered.
   void showPanel(QWidget* view);
 
+  // Lines above the panel, only while it is shown; empty for none.
+  void showNotices(const std::string& text);
+
   // Only while the panel is shown.
   void setSummary(const std::string& text);
 
@@ -54,6 +57,7 @@ class QtDialogPage final : public QWidget {
   QLabel* message_;
   std::function<void()> help_;
   std::function<void()> shown_;
+  QLabel* notices_;
   QLabel* summary_ = nullptr;
   QWidget* foot_ = nullptr;   // made with the first panel
   QWidget* panel_ = nullptr;  // null while a message is shown

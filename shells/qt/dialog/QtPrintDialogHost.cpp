@@ -12,7 +12,6 @@
 #include "Publishing/global.h"
 #include "base/Translation.h"
 #include "shells/Guarded.h"
-#include "shells/HostMessages.h"
 #include "shells/qt/QtBundle.h"
 #include "shells/qt/QtText.h"
 #include "shells/qt/dialog/QtJobOptions.h"
@@ -205,18 +204,26 @@ void QtPrintDialogHost::pressPrint() {
   });
 }
 
+// The program may destroy the dialog meanwhile, which is going back.
+bool QtPrintDialogHost::isAnsweredWithPrint(const HostMessage& question, const char* print,
+                                            bool byDefault) {
+  const QPointer<QMessageBox> box = makeMessageBox(dialog_, question.title, question.text);
+  auto* prints = box->addButton(withMnemonic(translated(print)), QMessageBox::AcceptRole);
+  auto* goesBack = box->addButton(withMnemonic(translated(kGoBack)), QMessageBox::RejectRole);
+  box->setDefaultButton(byDefault ? prints : goesBack);
+  box->exec();
+  if (box == nullptr) return false;
+  const bool isPrint = box->clickedButton() == prints;
+  delete box.data();
+  return isPrint;
+}
+
 bool QtPrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
-  const HostMessage message = conflictMessage(conflicts);
-  const QPointer<QMessageBox> question = makeMessageBox(dialog_, message.title, message.text);
-  const auto* print =
-      question->addButton(withMnemonic(translated(kPrintAnyway)), QMessageBox::AcceptRole);
-  question->setDefaultButton(
-      question->addButton(withMnemonic(translated(kGoBack)), QMessageBox::RejectRole));
-  question->exec();
-  if (question == nullptr) return false;
-  const bool insists = question->clickedButton() == print;
-  delete question.data();
-  return insists;
+  return isAnsweredWithPrint(conflictMessage(conflicts), kPrintAnyway, false);
+}
+
+bool QtPrintDialogHost::printsWithout(const std::string& losses) {
+  return isAnsweredWithPrint(lossMessage(losses), kPrintWithout, true);
 }
 
 void QtPrintDialogHost::sayHelpIsMissing() {

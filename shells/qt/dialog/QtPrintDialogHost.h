@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "shells/DialogHost.h"
+#include "shells/HostMessages.h"
 #include "shells/HostRules.h"
 #include "shells/ToolkitDialog.h"
 #include "shells/qt/dialog/QtDialogOptions.h"
@@ -56,6 +57,7 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void clicked(QAbstractButton* button);
   void dialogEvent(const QEvent& event);
   void giveOptions();
+  bool isAnsweredWithPrint(const HostMessage& question, const char* print, bool byDefault);
 
   [[nodiscard]] std::optional<Selection> selection() const override;
   [[nodiscard]] DialogJob job() const override { return options_.job(); }
@@ -68,11 +70,13 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void showMessage(const std::string& text, Waiting waiting) override;
   void offerPanel(const std::string& name) override { page_->offerPanel(name); }
   void showPanel(View& view) override;
+  void showNotices(const std::string& text) override { page_->showNotices(text); }
   void setSummary(const std::string& text) override { page_->setSummary(text); }
   [[nodiscard]] bool isTabInFront() const override { return page_->isVisible(); }
   void bringTabToFront() override;
   void pressPrint() override;
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
+  bool printsWithout(const std::string& losses) override;
   void sayHelpIsMissing() override;
 
   QPrintDialog* dialog_;

@@ -63,4 +63,26 @@ TEST_P(ShellConformance, HostHearsNothingOfGesturesThatDoNothing) {
   EXPECT_EQ(changes, 0);
 }
 
+TEST_P(ShellConformance, AlertsHaveTheHostsDetailBelowTheMessage) {
+  load();
+  bundle().setAlertDetail("100 %s <b>");
+  bundle().alertPanel().runAlertPanel("Title", "Message", "OK");
+  bundle().setAlertDetail("");
+  bundle().alertPanel().runAlertPanel("Title", "Message", "OK");
+  EXPECT_THAT(alerts(), testing::ElementsAre(Alert{"Title", "Message\n\n100 %s <b>", "OK"},
+                                             Alert{"Title", "Message", "OK"}));
+}
+
+TEST_P(ShellConformance, RevealedTextIsNoGesture) {
+  int changes = 0;
+  bundle().setUserChanged([&] { ++changes; });
+  load();
+  pageField().setStringValue("5,8");
+  bundle().revealText("PiPageNum", 2, 1);
+  bundle().revealText("Unknown", 0, 1);
+  EXPECT_EQ(changes, 0);
+  EXPECT_THAT(owner().sent, testing::IsEmpty());
+  EXPECT_EQ(pageField().stringValue(), "5,8");
+}
+
 }  // namespace publishing
