@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Building the panel: outlets, actions, pop-ups, tabs, and the model of the printer's PPD.
-#include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <unordered_map>
 
 #include "Publishing/CustomTextFieldFormatter.h"
 #include "Publishing/PublishingFeatures.h"
@@ -117,12 +118,14 @@ void PublishingPDE::updateConstraints() {
     initialized = true;
     initializeUI();
   }
-  const std::vector<std::string> keywords = trays();
+  shownTrays = trays();
   const std::int64_t firstCoverItem = firstTrayItem(cCoverMediaType);
   const std::int64_t firstPageItem = firstTrayItem(cPageMediaType);
-  for (const std::string& tray : keywords) {
+  std::unordered_map<std::string_view, std::int64_t> firstEntries;
+  for (const std::string& tray : shownTrays) {
     const bool allowed = ppdInfo != nullptr && ppdInfo->willAllowChangeOfOption(kTray, tray);
-    const auto index = std::find(keywords.begin(), keywords.end(), tray) - keywords.begin();
+    const std::int64_t entry = &tray - shownTrays.data();
+    const std::int64_t index = firstEntries.emplace(tray, entry).first->second;
     CmMediaType->setItemEnabledAtIndex(firstCoverItem + index, allowed);
     PiMediaType->setItemEnabledAtIndex(firstPageItem + index, allowed);
   }
@@ -130,10 +133,9 @@ void PublishingPDE::updateConstraints() {
 
 std::vector<PPDInfo::MarkedChoice> PublishingPDE::choicesForbiddingMedia(const char* mediaOption,
                                                                          std::int64_t index) const {
-  const std::vector<std::string> keywords = trays();
   const std::int64_t tray = index - firstTrayItem(mediaOption);
-  if (ppdInfo == nullptr || tray < 0 || tray >= std::ssize(keywords)) return {};
-  return ppdInfo->choicesForbidding(kTray, keywords[static_cast<std::size_t>(tray)]);
+  if (ppdInfo == nullptr || tray < 0 || tray >= std::ssize(shownTrays)) return {};
+  return ppdInfo->choicesForbidding(kTray, shownTrays[static_cast<std::size_t>(tray)]);
 }
 
 }  // namespace publishing

@@ -169,6 +169,7 @@ class PublishingPDE final : public InterfaceOwner {
   std::unique_ptr<PPDInfo> ppdInfo;
   bool initialized = false;
   std::optional<std::vector<std::string>> supportedOptions;
+  std::vector<std::string> shownTrays;  // of the last updateConstraints
 
   PublishingSettings state_;
 

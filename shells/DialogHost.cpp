@@ -89,6 +89,11 @@ void DialogHost::followPrinter() {
         Waiting::NoPanel);
     return;
   }
+  if (selection->isPending) {
+    leavePanel(translated("Asking the printer %s what it can do…", selection->printer),
+               Waiting::Late);
+    return;
+  }
   asked_ = selection->printer;
   leavePanel(askingText(), Waiting::Asking);
   dialog_.openPrinter(

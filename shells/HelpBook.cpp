@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/HelpBook.h"
 
+#include <array>
+#include <iterator>
+
 #include "base/GlibHandles.h"
 
 namespace publishing {
@@ -11,6 +14,11 @@ std::string helpStartPage(const std::string& folder) {
     if (g_file_test(page.get(), G_FILE_TEST_IS_REGULAR) != 0) return page.get();
   }
   return {};
+}
+
+std::string helpPartOfTab(std::int64_t tab) {
+  constexpr std::array kParts = {"#covers", "#inserts"};
+  return tab >= 0 && tab < std::ssize(kParts) ? kParts.at(static_cast<std::size_t>(tab)) : "";
 }
 
 }  // namespace publishing

@@ -10,6 +10,7 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "printing/Remembering.h"
+#include "shells/MediaReason.h"
 #include "shells/PanelOptions.h"
 #include "shells/PanelReasons.h"
 
@@ -24,25 +25,6 @@ std::shared_ptr<PublishingPDE> panelOf(PublishingPDEPlugin& plugin,
 }
 
 constexpr const char* kNone = "None";
-
-std::optional<std::size_t> indexOf(const std::vector<PPDChoice>& choices,
-                                   const std::string& keyword) {
-  const auto found = std::find_if(choices.begin(), choices.end(), [&keyword](const auto& choice) {
-    return choice.choice == keyword;
-  });
-  if (found == choices.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - choices.begin());
-}
-
-// Whether a job that says nothing of the option gets a medium by it, as the marks of a printer that
-// was just opened tell.
-bool defaultsBringMedium(const PPDDocument& ppd, const PublishingFeature& feature,
-                         const std::string& nothing) {
-  const auto choices = ppd.choices(feature.option);
-  return std::any_of(choices.begin(), choices.end(), [&](const PPDChoice& choice) {
-    return choice.marked && choice.choice != nothing && choice.choice != kNone;
-  });
-}
 
 // The panel takes these anew from the ticket at each refresh, which would undo what the user picked
 // in the controls meanwhile.
@@ -69,9 +51,14 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
   defaultLayout_.reverse = ofDefaults.getValue(kOutputOrder) == "Reverse";
   defaultLayout_.booklet = layoutOf(printer_->defaults()).booklet;
   for (const PublishingFeature& feature : kFeatures) {
-    const auto nothing = choiceWhenOff(feature, *printer_->ppd());
-    if (nothing && defaultsBringMedium(*printer_->ppd(), feature, *nothing))
-      insteadOfDefaults_[feature.option] = *nothing;
+    Media& media = media_[feature.option];
+    media.nothing = choiceWhenOff(feature, *printer_->ppd());
+    // The marks of a printer that was just opened are those of its defaults.
+    for (const PPDChoice& choice : printer_->ppd()->choices(feature.option)) {
+      media.keywords.push_back(choice.choice);
+      if (choice.marked)
+        media.isDefaulted = choice.choice != kNone && choice.choice != media.nothing;
+    }
   }
   loadStored();
 }
@@ -97,9 +84,7 @@ void HostedPanel::takeDefaultMedia() {
   for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = findJobOption(printer_->defaults(), feature.option);
     if (chosen == printer_->defaults().end() || wish_.isOn(feature)) continue;
-    if (const auto index = indexOf(printer_->ppd()->choices(feature.option), chosen->second)) {
-      wish_.setMedium(feature, *index);
-    }
+    setMedium(feature, chosen->second);
   }
 }
 
@@ -176,19 +161,24 @@ bool HostedPanel::isForbidden(const PublishingFeature& feature) const {
 }
 
 std::string HostedPanel::mediumOf(const PublishingFeature& feature) const {
-  const auto choices = printer_->ppd()->choices(feature.option);
   const std::int64_t index = controls_.popUp(feature.popUp).indexOfSelectedItem();
-  return choices.at(static_cast<std::size_t>(std::max<std::int64_t>(index, 0))).choice;
+  return media_.at(feature.option)
+      .keywords.at(static_cast<std::size_t>(std::max<std::int64_t>(index, 0)));
+}
+
+void HostedPanel::setMedium(const PublishingFeature& feature, const std::string& medium) {
+  const auto& keywords = media_.at(feature.option).keywords;
+  const auto found = std::find(keywords.begin(), keywords.end(), medium);
+  if (found == keywords.end()) return;
+  wish_.setMedium(feature, static_cast<std::size_t>(found - keywords.begin()));
 }
 
 void HostedPanel::pick(const PublishingFeature& feature, const std::string& medium) {
   if (isForbidden(feature)) return;
-  const bool wantsNothing = medium == kNone || medium == choiceWhenOff(feature, *printer_->ppd());
+  const bool wantsNothing = medium == kNone || medium == media_.at(feature.option).nothing;
   if (wantsNothing && !isShownOn(feature)) return;
   wish_.switchTo(feature, medium != kNone);
-  if (const auto index = indexOf(printer_->ppd()->choices(feature.option), medium)) {
-    wish_.setMedium(feature, *index);
-  }
+  setMedium(feature, medium);
   showWish();
 }
 
@@ -210,7 +200,7 @@ std::map<std::string, std::string> HostedPanel::media() {
       media[feature.option] = mediumOf(feature);
     } else if (dialogMedia_[feature.option] == kNone) {
       continue;  // wants nothing either
-    } else if (const auto nothing = choiceWhenOff(feature, *printer_->ppd())) {
+    } else if (const auto& nothing = media_.at(feature.option).nothing) {
       media[feature.option] = *nothing;
     } else if (givenMedia_.contains(feature.option)) {
       media[feature.option] = mediumOf(feature);
@@ -271,10 +261,8 @@ void HostedPanel::leaveOutMediaOff(JobTicket::Options& settings) const {
   for (const PublishingFeature& feature : kFeatures) {
     if (isOn(feature, ticket_)) continue;
     settings.erase(feature.option);
-    if (const auto nothing = insteadOfDefaults_.find(feature.option);
-        nothing != insteadOfDefaults_.end()) {
-      settings.insert(*nothing);
-    }
+    const Media& media = media_.at(feature.option);
+    if (media.isDefaulted && media.nothing) settings[feature.option] = *media.nothing;
   }
 }
 
@@ -304,6 +292,7 @@ JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentP
 }
 
 void HostedPanel::showReasons(const DialogPlaces& places) {
+  offerReplacements(*panel_, controls_);
   const std::string against = reasonAgainstFeatures(job_, ticket_, *printer_, places);
   publishing::showReasons(*bundle_, controls_, *panel_, *printer_, against, places);
 }

@@ -115,6 +115,12 @@ class HostedPanel {
   bool showHelp() { return !panel_->shouldShowHelp(); }
 
  private:
+  struct Media {
+    std::vector<std::string> keywords;   // of the option's choices
+    std::optional<std::string> nothing;  // the choice of a feature that is off
+    bool isDefaulted = false;  // a job that says nothing of the option gets a medium by it
+  };
+
   void loadStored();
   void takeDefaultMedia();
   void takeJob(const DialogJob& job);
@@ -124,6 +130,7 @@ class HostedPanel {
   [[nodiscard]] bool isShownOn(const PublishingFeature& feature) const;
   [[nodiscard]] bool isForbidden(const PublishingFeature& feature) const;
   [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
+  void setMedium(const PublishingFeature& feature, const std::string& medium);
   void pick(const PublishingFeature& feature, const std::string& medium);
 
   std::unique_ptr<Printer> printer_;
@@ -134,8 +141,7 @@ class HostedPanel {
   PanelControls controls_;
   std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
   std::map<std::string, std::string> givenMedia_;   // by PPD option, what media() answered last
-  // By PPD option: what a feature that is off says because the defaults have a medium for it.
-  std::map<std::string, std::string> insteadOfDefaults_;
+  std::map<std::string, Media> media_;              // by PPD option
   std::vector<std::string> notices_;
   std::vector<std::string> losses_;
   bool keepsInserts_ = false;  // what is remembered of them stays, see leaveOutInserts

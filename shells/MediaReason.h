@@ -6,11 +6,17 @@
 
 #include "Publishing/PublishingPDE.h"
 #include "printing/Printer.h"
+#include "shells/PanelControls.h"
 
 namespace publishing {
 
+// Offers the items again that the panel disabled only for a choice of the pop-up's own option: the
+// medium that a user would replace by picking them. To be called after the panel has enabled and
+// disabled its items.
+void offerReplacements(const PublishingPDE& panel, const PanelControls& controls);
+
 // Why the panel does not offer an item of a media pop-up, for a user: "Conflicts with Media Type:
-// Transparency". Empty for an item that it offers.
+// Transparency". Empty for an item that it offers, or would but for the medium that it replaces.
 std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printer,
                                const char* mediaOption, std::int64_t index);
 

@@ -23,8 +23,9 @@ std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
                            const Printer& printer, const char* option) {
   std::string lines;
   for (std::int64_t index = 0; index < popUp.numberOfItems(); ++index) {
+    if (popUp.isItemEnabledAtIndex(index)) continue;
     const std::string reason = reasonAgainstMedia(panel, printer, option, index);
-    if (popUp.isItemEnabledAtIndex(index) || reason.empty()) continue;
+    if (reason.empty()) continue;
     lines += (lines.empty() ? "" : "\n") + popUp.itemTitleAtIndex(index) + ": " + reason;
   }
   return lines;

@@ -28,6 +28,8 @@ class ToolkitDialog {
   struct Selection {
     std::string printer;
     bool isFile = false;  // a stand-in for a printer that writes a file
+    // The user picked it, and the dialog itself still asks it for what it can do.
+    bool isPending = false;
   };
   // Nothing while no printer is selected.
   [[nodiscard]] virtual std::optional<Selection> selection() const = 0;

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "Publishing/PublishingFeatures.h"
 #include "base/GlibHandles.h"
 #include "base/Translation.h"
 #include "shells/HelpBook.h"
@@ -12,6 +13,40 @@ extern "C" {
 }
 
 namespace publishing {
+namespace {
+
+// The program that the desktop shows web pages with; null when there is none.
+GObjectPtr<GAppInfo> webBrowser() {
+  for (const char* scheme : {"https", "http"}) {
+    if (GAppInfo* browser = g_app_info_get_default_for_uri_scheme(scheme)) {
+      return GObjectPtr<GAppInfo>(browser);
+    }
+  }
+  return nullptr;
+}
+
+// Whether a program could be started for the page. What opens files of its type may well be one
+// that edits them, hence the web browser.
+bool isShown(std::string uri) {
+  GError* failure = nullptr;
+  bool isStarted = false;
+  if (const auto browser = webBrowser()) {
+    GList uris = {uri.data(), nullptr, nullptr};
+    const GObjectPtr<GdkAppLaunchContext> context(
+        gdk_display_get_app_launch_context(gdk_display_get_default()));
+    gdk_app_launch_context_set_timestamp(context.get(), gtk_get_current_event_time());
+    isStarted = g_app_info_launch_uris(browser.get(), &uris, G_APP_LAUNCH_CONTEXT(context.get()),
+                                       &failure) != 0;
+  } else {
+    isStarted =
+        gtk_show_uri_on_window(nullptr, uri.c_str(), gtk_get_current_event_time(), &failure) != 0;
+  }
+  const GlibError error(failure);
+  if (!isStarted && error != nullptr) g_message("The help cannot be shown: %s", error->message);
+  return isStarted;
+}
+
+}  // namespace
 
 std::string GtkBundle::localizedString(const std::string& key) const {
   return translated(key.c_str());
@@ -48,15 +83,11 @@ bool GtkBundle::registerHelpBook() {
 
 std::int32_t GtkBundle::gotoHelpPage(const std::string& bookName) {
   if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
-  const GlibText uri(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
-  if (uri == nullptr) return kNoHelpBook;
-  GError* failure = nullptr;
-  if (gtk_show_uri_on_window(nullptr, uri.get(), gtk_get_current_event_time(), &failure) != 0) {
-    return 0;
-  }
-  const GlibError error(failure);
-  g_message("The help cannot be shown: %s", error->message);
-  return kNoHelpViewer;
+  const GlibText page(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
+  if (page == nullptr) return kNoHelpBook;
+  GtkTabView* tabs = interface() != nullptr ? interface()->tabView(outlet::tabView) : nullptr;
+  const std::string part = tabs != nullptr ? helpPartOfTab(tabs->selectedIndex()) : std::string();
+  return isShown(page.get() + part) ? 0 : kNoHelpViewer;
 }
 
 GtkInterface* GtkBundle::interface() const {

@@ -27,7 +27,9 @@ class GtkBundle final : public HostBundle {
   // Finds the start page in the user's language, else in English; false when there is none.
   bool registerHelpBook() override;
 
-  // 0 when a viewer was started, kNoHelpBook or kNoHelpViewer when not.
+  // Shows the part about the panel's tab in front in the desktop's web browser; without one, in
+  // what opens such files otherwise. 0 when a viewer was started, kNoHelpBook or kNoHelpViewer when
+  // not.
   std::int32_t gotoHelpPage(const std::string& bookName) override;
 
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }

@@ -8,6 +8,24 @@
 #include "shells/Guarded.h"
 
 namespace publishing {
+namespace {
+
+// GTK takes a time that grows with the square of a menu's length, and shows hardly any more items
+// than these at once.
+constexpr std::size_t kMostMenuItems = 200;
+
+// A list that scrolls, in place of a menu.
+void showAsList(GtkComboBox* comboBox) {
+  const GObjectPtr<GtkCssProvider> style(gtk_css_provider_new());
+  gtk_css_provider_load_from_data(style.get(), "* { -GtkComboBox-appears-as-list: true; }", -1,
+                                  nullptr);
+  gtk_style_context_add_provider(gtk_widget_get_style_context(GTK_WIDGET(comboBox)),
+                                 GTK_STYLE_PROVIDER(style.get()),
+                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  g_signal_emit_by_name(comboBox, "style-updated");  // at once, before there are items
+}
+
+}  // namespace
 
 GtkCheckBox::GtkCheckBox(GtkCheckButton* button) : GtkControl(GTK_WIDGET(button)) {
   // A click takes a mixed box to off: it is active, and the user sees no third state any more.
@@ -124,11 +142,19 @@ void GtkPopUpButton::removeAllItems() {
 }
 
 void GtkPopUpButton::addItemsWithTitles(const std::vector<std::string>& titles) {
+  // A menu that is shown meanwhile grows item by item, looking for the place of each.
+  const SignalHandlers::Block block(handlers());
+  if (titles_.size() + titles.size() > kMostMenuItems) showAsList(comboBox());
+  const auto list = shareGObject(items());
+  const gint selected = gtk_combo_box_get_active(comboBox());
+  gtk_combo_box_set_model(comboBox(), nullptr);
   for (const std::string& title : titles) {
     titles_.push_back(title);
-    gtk_list_store_insert_with_values(items(), nullptr, -1, kTitle, displayText(title).c_str(),
+    gtk_list_store_insert_with_values(list.get(), nullptr, -1, kTitle, displayText(title).c_str(),
                                       kSensitive, TRUE, -1);
   }
+  gtk_combo_box_set_model(comboBox(), GTK_TREE_MODEL(list.get()));
+  gtk_combo_box_set_active(comboBox(), selected);
 }
 
 std::int64_t GtkPopUpButton::numberOfItems() const {
@@ -147,7 +173,9 @@ bool GtkPopUpButton::isItemEnabledAtIndex(std::int64_t index) const {
 }
 
 void GtkPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
-  if (auto place = item(index)) {
+  auto place = item(index);
+  // Each change has GTK look through the whole menu.
+  if (place && isItemEnabledAtIndex(index) != enabled) {
     gtk_list_store_set(items(), &*place, kSensitive, static_cast<gboolean>(enabled), -1);
   }
 }

@@ -156,6 +156,10 @@ class GtkTabView final : public TabView {
   [[nodiscard]] std::string tabViewItemLabelAtIndex(std::int64_t index) const override;
   void removeTabViewItemAtIndex(std::int64_t index) override;
 
+  [[nodiscard]] std::int64_t selectedIndex() const {
+    return gtk_notebook_get_current_page(notebook());
+  }
+
   // Selects the tab that the widget is in, if any; this is no gesture of the user's.
   void bringToFront(GtkWidget* widget);
 

@@ -6,6 +6,7 @@
 
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/RefusalMessage.h"
 
 namespace publishing {
 namespace {
@@ -19,7 +20,8 @@ std::size_t byteOfCharacter(const std::string& text, gint character) {
 
 }  // namespace
 
-GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)) {
+GtkTextField::GtkTextField(GtkEntry* entry)
+    : GtkControl(GTK_WIDGET(entry)), refusal_(GTK_WIDGET(entry)) {
   handlers().connect(entry, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
   handlers().connect(entry, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
   handlers().connect(entry, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
@@ -93,7 +95,11 @@ bool GtkTextField::mayInsert(std::string_view text, gint position) {
   if (formatter_ == nullptr) return true;
   std::string edited = gtk_entry_get_text(entry());
   edited.insert(byteOfCharacter(edited, position), text);
-  return mayBecome(edited);
+  std::string corrected = edited;
+  const bool isRefused = !formatter_->isPartialStringValid(edited, corrected);
+  const bool goesOn = mayBecome(edited);
+  if (isRefused) refusal_.show(refusalMessage(std::string(text)));
+  return goesOn;
 }
 
 bool GtkTextField::mayDelete(gint start, gint end) {

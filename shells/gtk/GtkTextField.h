@@ -9,12 +9,13 @@
 #include <gtk/gtk.h>
 
 #include "shells/gtk/GtkControls.h"
+#include "shells/gtk/RefusalHint.h"
 
 namespace publishing {
 
 // On a GtkEntry. Every insertion and deletion is first shown to the formatter as the text that it
 // would make; a refused one leaves the text as it was. Typing or pasting over a selection is one
-// edit, although GTK makes it two.
+// edit, although GTK makes it two. An insertion that is refused is seen to be refused.
 class GtkTextField final : public GtkControl<TextField> {
  public:
   explicit GtkTextField(GtkEntry* entry);
@@ -26,6 +27,9 @@ class GtkTextField final : public GtkControl<TextField> {
 
   // Puts the keyboard on the field and selects `length` of its characters from `first` on.
   void select(std::size_t first, std::size_t length);
+
+  // What the field says of an insertion that was refused last; empty for nothing.
+  [[nodiscard]] std::string refusal() const { return refusal_.text(); }
 
  private:
   struct Content {
@@ -50,6 +54,7 @@ class GtkTextField final : public GtkControl<TextField> {
   static gboolean forget(gpointer self);
 
   std::shared_ptr<const Formatter> formatter_;
+  RefusalHint refusal_;
 
   // The text set last from code, and how the entry shows it: the entry holds valid UTF-8 of
   // limited length only.

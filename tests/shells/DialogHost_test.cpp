@@ -14,6 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::Pair;
 using testing::UnorderedElementsAre;
 
@@ -164,6 +165,37 @@ TEST_F(DialogHostTest, PanelFollowsTheDialogsOwnTabs) {
   dialog.change([](DialogJob& job) { job.reverse = true; });
   EXPECT_FALSE(box("CmCheckBox").isEnabled());
   EXPECT_THAT(box("CmCheckBox").tooltip(), HasSubstr("Reverse"));
+}
+
+TEST_F(DialogHostTest, ReasonsFollowAMediumThatThePanelItselfMarks) {
+  choose(office);
+  box("PiCheckBox").click();
+  box("CmCheckBox").click();
+  EXPECT_THAT(popUp("PiMediaType").tooltip(), Not(HasSubstr("Tray 2")));
+  popUp("CmMediaType").choose(4);
+  EXPECT_FALSE(popUp("PiMediaType").isItemEnabledAtIndex(7));
+  EXPECT_THAT(popUp("PiMediaType").tooltip(), HasSubstr("Tray 2: conflicts with Cover Paper"));
+  popUp("CmMediaType").choose(0);
+  EXPECT_TRUE(popUp("PiMediaType").isItemEnabledAtIndex(7));
+  EXPECT_THAT(popUp("PiMediaType").tooltip(), Not(HasSubstr("Tray 2")));
+}
+
+TEST_F(DialogHostTest, MediumIsNotGreyedByTheOneThatItWouldReplace) {
+  choose(office);
+  box("CmCheckBox").click();
+  popUp("CmMediaType").choose(4);
+  EXPECT_TRUE(popUp("CmMediaType").isItemEnabledAtIndex(7));
+  EXPECT_EQ(popUp("CmMediaType").tooltip(), "");
+  dialog.change([](DialogJob& job) { job.options["MediaType"] = "Transparency"; });
+  EXPECT_FALSE(popUp("CmMediaType").isItemEnabledAtIndex(7));
+  EXPECT_THAT(popUp("CmMediaType").tooltip(), HasSubstr("Tray 2: conflicts with Media Type"));
+  EXPECT_THAT(popUp("CmMediaType").tooltip(), Not(HasSubstr("Cover Paper")));
+}
+
+TEST_F(DialogHostTest, PrinterThatTheDialogStillAsksIsNamed) {
+  dialog.selectPending("Office");
+  EXPECT_THAT(dialog.message(), HasSubstr("Asking the printer Office what it can do"));
+  EXPECT_TRUE(dialog.print());
 }
 
 TEST_F(DialogHostTest, MediaGoBothWays) {

@@ -20,6 +20,11 @@ void TinyDialog::selectFile() {
   host_->followPrinter();
 }
 
+void TinyDialog::selectPending(const std::string& name) {
+  selection_ = Selection{name, false, true};
+  host_->followPrinter();
+}
+
 void TinyDialog::openPrinter(const std::string&, Opened opened, std::function<void()> late) {
   opened_ = std::move(opened);
   late_ = std::move(late);

@@ -25,6 +25,8 @@ class TinyDialog final : public ToolkitDialog {
   // Selects the printer with this PPD; nothing for none.
   void selectPrinter(std::optional<std::string> ppd);
   void selectFile();
+  // One that the dialog itself still asks.
+  void selectPending(const std::string& name);
 
   // While this is off, printers are asked in vain until answer() is called.
   bool answersAtOnce = true;

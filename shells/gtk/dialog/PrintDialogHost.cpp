@@ -23,6 +23,8 @@ constexpr const char* kHostKey = "publishing-print-dialog-host";
 // The dialog's own controls whose changes the panel follows; reverse order is no printer option.
 constexpr const char* kReverseCheck = "reverse_check";
 
+constexpr const char* kPrinterList = "printer_treeview";
+
 constexpr DialogPlaces kPlaces = {
     N_("Needs two-sided printing: see the “Page Setup” tab."),
     N_("Needs the pages in order: switch off “Reverse” on the “General” tab."),
@@ -32,6 +34,31 @@ constexpr DialogPlaces kPlaces = {
 
 std::string dialogName(const std::string& jobOption) {
   return "cups-" + jobOption;
+}
+
+// The dialog's list of printers; null when this GTK has another one.
+GtkTreeView* printerList(GtkPrintUnixDialog* dialog) {
+  GObject* list =
+      gtk_widget_get_template_child(GTK_WIDGET(dialog), GTK_TYPE_PRINT_UNIX_DIALOG, kPrinterList);
+  return GTK_IS_TREE_VIEW(list) ? GTK_TREE_VIEW(list) : nullptr;
+}
+
+// The printer in the row that the user picked, which the dialog may still ask for its details.
+GObjectPtr<GtkPrinter> pickedPrinter(GtkTreeView* list) {
+  GtkTreeModel* rows = nullptr;
+  GtkTreeIter row;
+  if (list == nullptr ||
+      gtk_tree_selection_get_selected(gtk_tree_view_get_selection(list), &rows, &row) == 0) {
+    return nullptr;
+  }
+  for (gint column = 0; column < gtk_tree_model_get_n_columns(rows); ++column) {
+    if (g_type_is_a(gtk_tree_model_get_column_type(rows, column), G_TYPE_OBJECT) == 0) continue;
+    GObject* object = nullptr;
+    gtk_tree_model_get(rows, &row, column, &object, -1);
+    GObjectPtr<GObject> owned(object);
+    if (GTK_IS_PRINTER(object)) return GObjectPtr<GtkPrinter>(GTK_PRINTER(owned.release()));
+  }
+  return nullptr;
 }
 
 }  // namespace
@@ -101,6 +128,17 @@ void PrintDialogHost::connect() {
   };
   handlers_.connect(dialog_, "notify::selected-printer", G_CALLBACK(+printer), this);
   handlers_.connect(dialog_, "response", G_CALLBACK(+response), this);
+  // GTK says that another printer is selected once it knows what that can do.
+  const auto picked = [](GtkTreeSelection*, gpointer self) {
+    guarded([&] {
+      auto& host = *static_cast<PrintDialogHost*>(self);
+      const auto selection = host.selection();
+      if (selection && selection->isPending) host.followPrinter();
+    });
+  };
+  if (GtkTreeView* list = printerList(dialog_)) {
+    handlers_.connect(gtk_tree_view_get_selection(list), "changed", G_CALLBACK(+picked), this);
+  }
   handlers_.connect(page_.content(), "map", G_CALLBACK(+mapped), this);
   g_signal_connect(dialog_, "destroy", G_CALLBACK(+gone), nullptr);
   GObject* reverse =
@@ -134,8 +172,11 @@ void PrintDialogHost::refreshSoon() {
 
 std::optional<ToolkitDialog::Selection> PrintDialogHost::selection() const {
   GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog_);
+  const bool isPending = printer == nullptr;
+  const auto picked = isPending ? pickedPrinter(printerList(dialog_)) : nullptr;
+  if (isPending) printer = picked.get();
   if (printer == nullptr) return std::nullopt;
-  return Selection{gtk_printer_get_name(printer), gtk_printer_is_virtual(printer) != 0};
+  return Selection{gtk_printer_get_name(printer), gtk_printer_is_virtual(printer) != 0, isPending};
 }
 
 DialogJob PrintDialogHost::job() const {

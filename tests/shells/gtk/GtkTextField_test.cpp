@@ -58,6 +58,29 @@ TEST_F(GtkTextFieldTest, PasteWithOneBadCharacterIsRefusedAsAWhole) {
   EXPECT_EQ(paste(",5"), "3,5");
 }
 
+TEST_F(GtkTextFieldTest, RefusedCharactersAreSeenToBeRefused) {
+  EXPECT_EQ(field.refusal(), "");
+  for (const char* typed : {" ", "–", "x"}) {
+    g_signal_emit_by_name(field.widget(), "insert-at-cursor", typed);
+    GtkStage::settle();
+    EXPECT_NE(field.refusal().find("“" + std::string(typed) + "” was not taken"), std::string::npos)
+        << field.refusal();
+  }
+  EXPECT_NE(paste("5 8").size(), 3U);
+  EXPECT_NE(field.refusal().find("“5 8”"), std::string::npos);
+  // It lasts while the user types on.
+  g_signal_emit_by_name(field.widget(), "insert-at-cursor", "5");
+  GtkStage::settle();
+  EXPECT_EQ(field.stringValue(), "5");
+  EXPECT_NE(field.refusal(), "");
+}
+
+TEST_F(GtkTextFieldTest, RefusalOfAFieldThatIsNotShownIsNotShown) {
+  gtk_widget_hide(field.widget());
+  g_signal_emit_by_name(field.widget(), "insert-at-cursor", " ");
+  EXPECT_EQ(field.refusal(), "");
+}
+
 TEST_F(GtkTextFieldTest, EachDeletionStandsByItself) {
   field.setStringValue("3,5,9");
   select(0, -1);

@@ -162,7 +162,7 @@ TEST_F(QtPrintDialogHostTest, JobCarriesWhatThePanelSavedAfterARefusal) {
   EXPECT_FALSE(user.print());
   ASSERT_EQ(user.alerts.size(), 1U);
   EXPECT_THAT(user.alerts[0], HasSubstr("between 2 and 511"));
-  EXPECT_TRUE(user.button(outlet::CmCheckBox)->isVisible()) << "the panel is not in front";
+  EXPECT_TRUE(user.button(outlet::PiCheckBox)->isVisible()) << "the page field is not in front";
   EXPECT_TRUE(user.dialog->isVisible());
 
   user.type("5,8,12-14");
