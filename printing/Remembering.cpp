@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "base/Translation.h"
@@ -32,7 +33,7 @@ std::optional<std::size_t> indexOf(const std::vector<PPDChoice>& choices,
 
 std::string lossOf(const PublishingFeature& feature, const std::string& medium,
                    const std::string& printer, SettingsFrom from) {
-  const bool isCover = feature.option == kCoverMode.option;
+  const bool isCover = std::string_view(feature.option) == kCoverMode.option;
   const bool isPreset = from == SettingsFrom::Preset;
   const char* text =
       isCover ? N_("%s is no longer offered for covers by %s; covers are off.")

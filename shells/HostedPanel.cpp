@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 #include <glib.h>
@@ -269,7 +270,7 @@ void HostedPanel::leaveOutMediaOff(JobTicket::Options& settings) const {
 void HostedPanel::remember(const JobTicket::Options& settings) const {
   std::vector<PublishingFeature> kept;
   for (const PublishingFeature& feature : kFeatures) {
-    const bool isLeftOut = keepsInserts_ && feature.option == kPageInsert.option;
+    const bool isLeftOut = keepsInserts_ && std::string_view(feature.option) == kPageInsert.option;
     if (isLeftOut || (wish_.isOn(feature) && isForbidden(feature))) kept.push_back(feature);
   }
   try {

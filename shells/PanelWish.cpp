@@ -2,6 +2,7 @@
 #include "shells/PanelWish.h"
 
 #include <initializer_list>
+#include <string_view>
 
 #include "Publishing/NSStringMyExtension.h"
 
@@ -65,7 +66,7 @@ bool PanelWish::note(PublishingPDE& panel, const PanelControls& controls) {
     switchTo(feature, is);
     switchedOn = switchedOn || (is && !was);
     if (!is || !was) continue;
-    if (feature.option == kCoverMode.option) {
+    if (std::string_view(feature.option) == kCoverMode.option) {
       noteCovers(panel.state(), controls);
     } else {
       noteInserts(panel.state(), controls);
