@@ -29,12 +29,13 @@ void translateHeadings(CLI::App& app) {
   headings->label("Usage", translated("Usage"));
   headings->label("OPTIONS", translated("OPTIONS"));
   headings->label("SUBCOMMAND", translated("COMMAND"));
-  headings->label("Options", translated("Options"));
-  headings->label("Subcommands", translated("Commands"));
   headings->label("Positionals", translated("Arguments"));
   headings->label("REQUIRED", translated("(required)"));
   headings->label("Excludes", translated("Not with"));
   app.formatter(headings);
+  // The names of groups are headings, too; the commands take them over.
+  app.option_defaults()->group(translated("Options"));
+  app.group(translated("Commands"));
 }
 
 // Also of a command line that cannot be parsed.
