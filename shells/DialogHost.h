@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 
+#include "printing/presets/Presets.h"
 #include "shells/HostedPanel.h"
+#include "shells/PresetQuestions.h"
 #include "shells/ToolkitDialog.h"
 
 namespace publishing {
@@ -34,6 +36,12 @@ class DialogHost {
   [[nodiscard]] bool mayPrint();
 
   void showHelp();
+
+  // To be called when the user chooses, saves or deletes a preset in the panel's tab. What the
+  // printer does not have of a preset is shown as a notice. Nothing happens without the panel.
+  void usePreset(const std::string& name, PresetQuestions& questions);
+  void savePreset(PresetQuestions& questions);
+  void deletePreset(const std::string& name, PresetQuestions& questions);
 
   // Whether the tab has the panel, in place of a message that says why it does not.
   [[nodiscard]] bool hasPanel() const { return panel_ != nullptr; }

@@ -16,6 +16,7 @@
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
 #include "printing/ppd/PPDDocument.h"
+#include "printing/presets/Preset.h"
 #include "shells/DialogJob.h"
 #include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
@@ -107,6 +108,16 @@ class HostedPanel {
 
   // What would come out if the user pressed Print now. `documentPages` as far as it is known.
   [[nodiscard]] JobSheets sheets(const DialogJob& job, std::optional<int> documentPages) const;
+
+  // Wants what the preset holds and nothing else that was wanted; answers, for the user, what of it
+  // the printer or the job does not have. The panel must be open.
+  std::vector<std::string> take(const Preset& preset);
+
+  // Saved settings as a preset.
+  [[nodiscard]] Preset asPreset(const std::string& name, const JobTicket::Options& settings) const;
+
+  // Whether the job's layout allows neither covers nor inserts.
+  [[nodiscard]] bool isForbiddenByLayout() const;
 
   // Sets the tooltips of the controls that cannot be used.
   void showReasons(const DialogPlaces& places);

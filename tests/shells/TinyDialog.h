@@ -41,6 +41,9 @@ class TinyDialog final : public ToolkitDialog {
   // Whether the job goes to the printer. Also done when the host presses Print.
   bool print() { return host_->mayPrint(); }
 
+  // For what a user does with presets.
+  [[nodiscard]] DialogHost& host() const { return *host_; }
+
   // As when the program destroys the dialog.
   void loseHost() { host_.reset(); }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PrintDialogUser.h"
 
+#include <memory>
 #include <stdexcept>
 
 #include "base/GlibHandles.h"
@@ -25,6 +26,21 @@ void forEachWidget(GtkWidget* widget, const std::function<void(GtkWidget*)>& vis
 
 GtkWidget* templateChild(GtkWidget* dialog, const char* id) {
   return GTK_WIDGET(gtk_widget_get_template_child(dialog, GTK_TYPE_PRINT_UNIX_DIALOG, id));
+}
+
+using GlibList = std::unique_ptr<GList, decltype([](GList* list) { g_list_free(list); })>;
+
+// The menu's item with that label, if any, and the labels of all.
+GtkWidget* itemOf(GtkWidget* menu, const std::string& label, std::vector<std::string>* labels) {
+  const GlibList items(gtk_container_get_children(GTK_CONTAINER(menu)));
+  GtkWidget* found = nullptr;
+  for (GList* item = items.get(); item != nullptr; item = item->next) {
+    if (GTK_IS_SEPARATOR_MENU_ITEM(item->data)) continue;
+    const gchar* text = gtk_menu_item_get_label(GTK_MENU_ITEM(item->data));
+    if (labels != nullptr) labels->emplace_back(text);
+    if (label == text) found = GTK_WIDGET(item->data);
+  }
+  return found;
 }
 
 }  // namespace
@@ -174,6 +190,26 @@ void PrintDialogUser::type(const char* text) {
   GtkStage::settle();
   g_signal_emit_by_name(entry, "insert-at-cursor", text);
   GtkStage::settle();
+}
+
+std::vector<std::string> PrintDialogUser::choosePreset(const char* label, const char* below) {
+  GtkWidget* button = find("Presets");
+  gtk_button_clicked(GTK_BUTTON(button));
+  GtkStage::settle();
+  const GlibList menus(g_list_copy(gtk_menu_get_for_attach_widget(button)));
+  const auto menu = shareGObject(GTK_WIDGET(menus->data));
+  std::vector<std::string> labels;
+  GtkWidget* chosen = itemOf(menu.get(), label, &labels);
+  if (chosen != nullptr && below != nullptr) {
+    chosen = itemOf(gtk_menu_item_get_submenu(GTK_MENU_ITEM(chosen)), below, nullptr);
+  }
+  if (chosen != nullptr && gtk_widget_is_sensitive(chosen) != 0) {
+    gtk_menu_shell_activate_item(GTK_MENU_SHELL(gtk_widget_get_parent(chosen)), chosen, TRUE);
+  } else {
+    gtk_menu_popdown(GTK_MENU(menu.get()));
+  }
+  GtkStage::settle();
+  return labels;
 }
 
 void PrintDialogUser::setDialogOption(const char* name, const char* choice) {

@@ -42,6 +42,10 @@ class PrintDialogUser {
   void pick(const char* popUp, int index);
   void type(const char* text);
 
+  // Opens the menu of presets and activates the item with this label, or the one below it in its
+  // submenu. Answers the labels of the menu's items.
+  std::vector<std::string> choosePreset(const char* label, const char* below = nullptr);
+
   // Changes an option as the dialog's own tabs do.
   void setDialogOption(const char* name, const char* choice);
   void setReverse(bool reverse);

@@ -27,10 +27,12 @@ int heightOfLines(GtkWidget* widget, int lines) {
 
 }  // namespace
 
-DialogPage::DialogPage(const std::string& name, std::function<void()> help)
+DialogPage::DialogPage(const std::string& name, std::function<void()> help,
+                       std::function<GtkWidget*()> makePresets)
     : content_(shareGObject(gtk_stack_new())),
       label_(shareGObject(gtk_label_new(displayText(name).c_str()))),
-      help_(std::move(help)) {
+      help_(std::move(help)),
+      makePresets_(std::move(makePresets)) {
   const auto mapped = [](GtkWidget*, gpointer self) {
     guarded([&] { static_cast<DialogPage*>(self)->drawMessage(); });
   };
@@ -88,6 +90,7 @@ GtkWidget* DialogPage::makeFoot() {
   };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   gtk_container_add(GTK_CONTAINER(foot), summary_);
+  gtk_container_add(GTK_CONTAINER(foot), makePresets_());
   gtk_container_add(GTK_CONTAINER(foot), help);
   gtk_widget_set_valign(help, GTK_ALIGN_START);
   return foot;

@@ -18,8 +18,10 @@ namespace publishing {
 // at it, because each change would have the whole dialog laid out anew.
 class DialogPage {
  public:
-  // `name` is the tab's text until there is a panel, `help` is called for the Help button.
-  DialogPage(const std::string& name, std::function<void()> help);
+  // `name` is the tab's text until there is a panel, `help` is called for the Help button,
+  // `makePresets` once, for the button beside it.
+  DialogPage(const std::string& name, std::function<void()> help,
+             std::function<GtkWidget*()> makePresets);
 
   // The tab's content and its label, both to be given to the dialog.
   [[nodiscard]] GtkWidget* content() const { return content_.get(); }
@@ -71,6 +73,7 @@ class DialogPage {
   GtkWidget* summary_ = nullptr;
   std::string summaryText_;
   std::function<void()> help_;
+  std::function<GtkWidget*()> makePresets_;
   SignalHandlers handlers_;
 };
 

@@ -97,8 +97,11 @@ void PrintDialogHost::detach(GtkPrintUnixDialog* dialog) {
 PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
     : dialog_(dialog),
       rules_(std::move(rules)),
-      page_(translated(kPublishingPanelNameKey), [this] { host_.showHelp(); }),
-      host_(*this) {
+      page_(
+          translated(kPublishingPanelNameKey), [this] { host_.showHelp(); },
+          [this] { return presets_.makeButton(); }),
+      host_(*this),
+      presets_(host_) {
   gtk_print_unix_dialog_add_custom_tab(dialog_, page_.content(), page_.label());
 }
 

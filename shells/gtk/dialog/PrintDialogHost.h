@@ -12,6 +12,7 @@
 #include "shells/ToolkitDialog.h"
 #include "shells/gtk/dialog/DialogOptionSet.h"
 #include "shells/gtk/dialog/DialogPage.h"
+#include "shells/gtk/dialog/PresetMenu.h"
 #include "shells/gtk/dialog/PrinterFetch.h"
 
 namespace publishing {
@@ -77,6 +78,7 @@ class PrintDialogHost final : private ToolkitDialog {
   guint refreshSource_ = 0;
   guint printSource_ = 0;
   DialogHost host_;
+  PresetMenu presets_;
   SignalHandlers handlers_;
 };
 

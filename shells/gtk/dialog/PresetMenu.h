@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include <gtk/gtk.h>
+
+#include "shells/DialogHost.h"
+#include "shells/PresetQuestions.h"
+#include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/SignalHandlers.h"
+
+namespace publishing {
+
+// The button in the panel's tab whose menu has the presets: use one, save the panel's choices as
+// one, delete one. The menu is made anew each time it is opened, because other programs change the
+// presets, too.
+class PresetMenu final : private PresetQuestions {
+ public:
+  // `host` must outlive this object.
+  explicit PresetMenu(DialogHost& host) : host_(host) {}
+  PresetMenu(const PresetMenu&) = delete;
+  PresetMenu& operator=(const PresetMenu&) = delete;
+  ~PresetMenu() override;
+
+  // Makes the button; to be called once at most.
+  GtkWidget* makeButton();
+
+ private:
+  void open();
+  void fill();
+  GtkWidget* addItem(GtkWidget* menu, GtkWidget* item, void (*activated)(GtkMenuItem*, gpointer));
+  void use(const std::string& name);
+  void save();
+  void remove(const std::string& name);
+  [[nodiscard]] GtkWindow* window() const;
+  // True for the answer with that label.
+  bool confirms(const std::string& question, const char* label);
+
+  std::optional<std::string> askName() override;
+  bool confirmsReplacing(const std::string& name) override;
+  bool confirmsDeleting(const std::string& name) override;
+  void tell(const std::string& problem) override;
+
+  DialogHost& host_;
+  GObjectPtr<GtkWidget> button_;
+  GObjectPtr<GtkWidget> menu_;
+  SignalHandlers handlers_;
+  SignalHandlers itemHandlers_;
+};
+
+}  // namespace publishing
