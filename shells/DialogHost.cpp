@@ -48,6 +48,7 @@ bool hasRemembered(const std::string& queue) {
 
 void DialogHost::leavePanel(const std::string& message, ToolkitDialog::Waiting waiting) {
   dialog_.showMessage(message, waiting);
+  dialog_.showOutsideTab({});
   panel_.reset();
 }
 
@@ -183,6 +184,7 @@ void DialogHost::panelChanged() {
   giveMedia(true);
   panel_->showReasons(dialog_.places());
   showSheets();
+  dialog_.showOutsideTab(whatIsOn());
 }
 
 void DialogHost::showSheets() {

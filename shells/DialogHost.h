@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -37,6 +38,14 @@ class DialogHost {
 
   void showHelp();
 
+  // To be called when the user presses Reset in the panel's tab: switches covers and inserts off
+  // and forgets what is remembered for the printer. It can be undone while the dialog lasts, also
+  // after other printers were selected. Both answer what went wrong, for the user; empty when
+  // nothing did.
+  std::string reset();
+  std::string undoReset();
+  [[nodiscard]] bool canUndoReset() const;
+
   // To be called when the user chooses, saves or deletes a preset in the panel's tab. What the
   // printer does not have of a preset is shown as a notice. Nothing happens without the panel.
   void usePreset(const std::string& name, PresetQuestions& questions);
@@ -57,6 +66,8 @@ class DialogHost {
   void panelChanged();
   // Says and draws what would come out.
   void showSheets();
+  // For a user who is on another tab; empty when nothing is on.
+  [[nodiscard]] std::string whatIsOn() const;
   // Asks the user about what is remembered and cannot be printed, unless the panel has shown it.
   bool acceptsLosses();
   // Print was pressed before there is a panel.
@@ -65,6 +76,7 @@ class DialogHost {
   [[nodiscard]] std::string lateText() const;
 
   ToolkitDialog& dialog_;
+  std::map<std::string, HostedPanel::Forgotten> forgotten_;  // by printer
   // The printer that is being asked; empty when none is.
   std::string asked_;
   bool isLate_ = false;          // it has not answered for some time

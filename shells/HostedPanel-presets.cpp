@@ -13,11 +13,7 @@ std::vector<std::string> HostedPanel::take(const Preset& preset) {
   JobTicket wished;
   for (const auto& [key, value] : fitted.values)
     wished.setValue(key, value);
-  wish_ = PanelWish(wished);
-  takeDefaultMedia();
-  losses_.clear();
-  keepsInserts_ = false;
-  showWish();
+  want(PanelWish(wished));
   std::vector<std::string> missing = std::move(fitted.losses);
   if (isForbiddenByLayout() && (preset.hasCover() || preset.hasInserts())) {
     missing.push_back(

@@ -15,6 +15,7 @@
 #include "printing/JobSheets.h"
 #include "printing/JobTicket.h"
 #include "printing/Printer.h"
+#include "printing/StoredSettings.h"
 #include "printing/ppd/PPDDocument.h"
 #include "printing/presets/Preset.h"
 #include "shells/DialogJob.h"
@@ -43,6 +44,8 @@ class HostedPanel {
 
   // The panel's name for the user.
   [[nodiscard]] const std::string& name() { return panel_->panelName(); }
+
+  [[nodiscard]] const std::string& printerName() const { return printer_->name(); }
 
   // What the user should know of the printer and of what is remembered for it: a PPD that may be
   // damaged, settings that cannot be read, media that are no longer offered.
@@ -119,6 +122,22 @@ class HostedPanel {
   // Whether the job's layout allows neither covers nor inserts.
   [[nodiscard]] bool isForbiddenByLayout() const;
 
+  // Whether the panel is open and shows the feature switched on.
+  [[nodiscard]] bool hasOn(const PublishingFeature& feature) const;
+
+  // What reset() took away.
+  struct Forgotten {
+    PanelWish wish;
+    StoredSettings::Values stored;
+  };
+
+  // Wants nothing any more, and forgets what is remembered for the queue. Throws PrintError, with
+  // nothing done, when that cannot be forgotten. The panel must be open.
+  Forgotten reset();
+
+  // Wants and remembers it again. Throws PrintError as StoredSettings::store, with nothing done.
+  void bringBack(const Forgotten& before);
+
   // Sets the tooltips of the controls that cannot be used.
   void showReasons(const DialogPlaces& places);
 
@@ -136,6 +155,7 @@ class HostedPanel {
   void takeDefaultMedia();
   void takeJob(const DialogJob& job);
   void showWish();
+  void want(const PanelWish& wish);
   void leaveOutMediaOff(JobTicket::Options& settings) const;
   [[nodiscard]] std::optional<PageListFault> faultInList() const;
   [[nodiscard]] bool isShownOn(const PublishingFeature& feature) const;

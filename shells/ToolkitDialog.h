@@ -86,6 +86,11 @@ class ToolkitDialog {
   // The same as a picture, for dialogs that have one.
   virtual void showSheets(const JobSheets& /*sheets*/) {}
 
+  // What the user of the dialog's other tabs should know of the panel: a line for a place that
+  // moves nothing else, and a mark in the tab's label. Empty when no feature is on. Dialogs that
+  // have no such place may leave it out.
+  virtual void showOutsideTab(const std::string& /*line*/) {}
+
   [[nodiscard]] virtual bool isTabInFront() const = 0;
   virtual void bringTabToFront() = 0;
 

@@ -41,7 +41,7 @@ class TinyDialog final : public ToolkitDialog {
   // Whether the job goes to the printer. Also done when the host presses Print.
   bool print() { return host_->mayPrint(); }
 
-  // For what a user does with presets.
+  // For what a user does with presets and Reset.
   [[nodiscard]] DialogHost& host() const { return *host_; }
 
   // As when the program destroys the dialog.
@@ -58,6 +58,7 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] const JobSheets& sheets() const { return sheets_; }
   [[nodiscard]] const DialogJob& settings() const { return job_; }
   [[nodiscard]] const std::string& notices() const { return notices_; }
+  [[nodiscard]] const std::string& outsideTab() const { return outsideTab_; }
   [[nodiscard]] std::string choice(const std::string& option) const;
   [[nodiscard]] bool isTabInFront() const override { return isTabInFront_; }
 
@@ -91,6 +92,7 @@ class TinyDialog final : public ToolkitDialog {
   void setSummary(const std::string& text) override { summary_ = text; }
   [[nodiscard]] std::optional<int> documentPages() const override { return pages; }
   void showSheets(const JobSheets& sheets) override { sheets_ = sheets; }
+  void showOutsideTab(const std::string& line) override { outsideTab_ = line; }
   void bringTabToFront() override { isTabInFront_ = true; }
   void pressPrint() override { isPrinted = print(); }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
@@ -110,6 +112,7 @@ class TinyDialog final : public ToolkitDialog {
   std::string notices_;
   std::string summary_;
   JobSheets sheets_;
+  std::string outsideTab_;
   std::unique_ptr<DialogHost> host_ = std::make_unique<DialogHost>(*this);
 };
 

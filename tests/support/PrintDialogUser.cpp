@@ -43,6 +43,12 @@ GtkWidget* itemOf(GtkWidget* menu, const std::string& label, std::vector<std::st
   return found;
 }
 
+// What a tab is called, less the mark that something of it is on.
+std::string tabName(const gchar* label) {
+  const std::string name = label != nullptr ? label : "";
+  return name.substr(0, name.find(" ✓"));
+}
+
 }  // namespace
 
 PrintDialogUser::PrintDialogUser(GtkPrintSettings* settings)
@@ -131,7 +137,7 @@ GtkWidget* PrintDialogUser::page() const {
   for (int index = 0; index < gtk_notebook_get_n_pages(tabs()); ++index) {
     GtkWidget* content = gtk_notebook_get_nth_page(tabs(), index);
     const gchar* label = gtk_notebook_get_tab_label_text(tabs(), content);
-    if (label != nullptr && std::string(label) == kTabName) return content;
+    if (tabName(label) == kTabName) return content;
   }
   return nullptr;
 }
@@ -144,7 +150,7 @@ void PrintDialogUser::openTab(const std::string& label) {
   for (int index = 0; index < gtk_notebook_get_n_pages(tabs()); ++index) {
     GtkWidget* content = gtk_notebook_get_nth_page(tabs(), index);
     const gchar* text = gtk_notebook_get_tab_label_text(tabs(), content);
-    if (text != nullptr && label == text) gtk_notebook_set_current_page(tabs(), index);
+    if (tabName(text) == label) gtk_notebook_set_current_page(tabs(), index);
   }
   GtkStage::settle();
 }
@@ -156,7 +162,7 @@ void PrintDialogUser::openPanelTab(int index) {
 
 std::string PrintDialogUser::frontTab() const {
   GtkWidget* front = gtk_notebook_get_nth_page(tabs(), gtk_notebook_get_current_page(tabs()));
-  return gtk_notebook_get_tab_label_text(tabs(), front);
+  return tabName(gtk_notebook_get_tab_label_text(tabs(), front));
 }
 
 GtkWidget* PrintDialogUser::find(const char* id) const {
@@ -287,6 +293,20 @@ int PrintDialogUser::frontPanelTab() const {
 std::string PrintDialogUser::tooltip(const char* control) const {
   const GlibText tooltip(gtk_widget_get_tooltip_text(find(control)));
   return tooltip != nullptr ? tooltip.get() : "";
+}
+
+bool PrintDialogUser::showsAnywhere(const std::string& text) const {
+  bool found = false;
+  forEachWidget(dialog(), [&](GtkWidget* widget) {
+    if (!GTK_IS_LABEL(widget) || gtk_widget_get_mapped(widget) == 0) return;
+    const std::string shown = gtk_label_get_text(GTK_LABEL(widget));
+    found = found || shown.find(text) != std::string::npos;
+  });
+  return found;
+}
+
+std::string PrintDialogUser::buttonLabel(const char* button) const {
+  return gtk_button_get_label(GTK_BUTTON(find(button)));
 }
 
 bool PrintDialogUser::shows(const std::string& text) const {

@@ -81,6 +81,11 @@ class PrintDialogUser {
   // Whether any label of the panel's tab that can be seen has this text.
   [[nodiscard]] bool shows(const std::string& text) const;
 
+  // The same for any label of the dialog.
+  [[nodiscard]] bool showsAnywhere(const std::string& text) const;
+
+  [[nodiscard]] std::string buttonLabel(const char* button) const;
+
   // Whether the panel itself is in its tab.
   [[nodiscard]] bool hasPanel() const { return find("CmCheckBox") != nullptr; }
 

@@ -67,8 +67,8 @@ class User:
     def seek(self, role, name):
         root = self.root()
         for node in descendants(root) if root else ():
-            # Menus append room for shortcuts.
-            if node.get_role_name() == role and node.get_name().rstrip() == name:
+            # Menus append room for shortcuts, the panel's tab a mark when something of it is on.
+            if node.get_role_name() == role and node.get_name().removesuffix(" ✓").rstrip() == name:
                 return node
         return None
 

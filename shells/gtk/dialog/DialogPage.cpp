@@ -12,6 +12,7 @@ namespace {
 
 constexpr const char* kMessage = "message";
 constexpr const char* kPanel = "panel";
+constexpr const char* kMark = " ✓";
 constexpr int kSpacing = 12;
 constexpr int kMessageWidth = 50;  // characters
 constexpr int kSummaryLines = 3;
@@ -28,11 +29,12 @@ int heightOfLines(GtkWidget* widget, int lines) {
 }  // namespace
 
 DialogPage::DialogPage(const std::string& name, std::function<void()> help,
-                       std::function<GtkWidget*()> makePresets)
+                       std::function<std::vector<GtkWidget*>()> makeButtons)
     : content_(shareGObject(gtk_stack_new())),
       label_(shareGObject(gtk_label_new(displayText(name).c_str()))),
+      name_(displayText(name)),
       help_(std::move(help)),
-      makePresets_(std::move(makePresets)) {
+      makeButtons_(std::move(makeButtons)) {
   const auto mapped = [](GtkWidget*, gpointer self) {
     guarded([&] { static_cast<DialogPage*>(self)->drawMessage(); });
   };
@@ -90,7 +92,8 @@ GtkWidget* DialogPage::makeFoot() {
   };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   gtk_container_add(GTK_CONTAINER(foot), summary_);
-  gtk_container_add(GTK_CONTAINER(foot), makePresets_());
+  for (GtkWidget* button : makeButtons_())
+    gtk_container_add(GTK_CONTAINER(foot), button);
   gtk_container_add(GTK_CONTAINER(foot), help);
   gtk_widget_set_valign(help, GTK_ALIGN_START);
   return foot;
@@ -124,12 +127,22 @@ void DialogPage::drawMessage() {
 }
 
 void DialogPage::offerPanel(const std::string& name) {
-  const std::string text = displayText(name);
-  if (text != gtk_label_get_text(GTK_LABEL(label()))) {
-    gtk_label_set_text(GTK_LABEL(label()), text.c_str());
-  }
+  name_ = displayText(name);
+  writeLabel();
   gtk_widget_set_sensitive(label(), TRUE);
   gtk_widget_set_tooltip_text(label(), nullptr);
+}
+
+void DialogPage::mark(bool isOn) {
+  isMarked_ = isOn;
+  writeLabel();
+}
+
+// The dialog is laid out anew for each new text.
+void DialogPage::writeLabel() {
+  const std::string text = isMarked_ ? name_ + kMark : name_;
+  if (text == gtk_label_get_text(GTK_LABEL(label()))) return;
+  gtk_label_set_text(GTK_LABEL(label()), text.c_str());
 }
 
 void DialogPage::showPanel(GtkWidget* view) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <gtk/gtk.h>
 
@@ -19,9 +20,9 @@ namespace publishing {
 class DialogPage {
  public:
   // `name` is the tab's text until there is a panel, `help` is called for the Help button,
-  // `makePresets` once, for the button beside it.
+  // `makeButtons` once, for those beside it.
   DialogPage(const std::string& name, std::function<void()> help,
-             std::function<GtkWidget*()> makePresets);
+             std::function<std::vector<GtkWidget*>()> makeButtons);
 
   // The tab's content and its label, both to be given to the dialog.
   [[nodiscard]] GtkWidget* content() const { return content_.get(); }
@@ -37,6 +38,9 @@ class DialogPage {
   // Says in the tab's label that the panel can be shown, under that name.
   void offerPanel(const std::string& name);
 
+  // Marks the tab's label: something of the panel is on.
+  void mark(bool isOn);
+
   // Shows the panel's view. The panel must have been offered.
   void showPanel(GtkWidget* view);
 
@@ -51,6 +55,7 @@ class DialogPage {
   void showSheets(const JobSheets& sheets);
 
  private:
+  void writeLabel();
   void removePanel();
   void drawMessage();
   void addMessage();
@@ -61,6 +66,8 @@ class DialogPage {
 
   GObjectPtr<GtkWidget> content_;
   GObjectPtr<GtkWidget> label_;
+  std::string name_;  // in the label
+  bool isMarked_ = false;
   std::string text_;  // of the message
   bool isWaiting_ = false;
   GtkWidget* spinner_ = nullptr;  // this and the next ones null until they are needed
@@ -73,7 +80,7 @@ class DialogPage {
   GtkWidget* summary_ = nullptr;
   std::string summaryText_;
   std::function<void()> help_;
-  std::function<GtkWidget*()> makePresets_;
+  std::function<std::vector<GtkWidget*>()> makeButtons_;
   SignalHandlers handlers_;
 };
 

@@ -7,6 +7,7 @@
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/dialog/PrintQuestions.h"
 
 namespace publishing {
 namespace {
@@ -208,12 +209,7 @@ bool PresetMenu::confirmsDeleting(const std::string& name) {
 }
 
 void PresetMenu::tell(const std::string& problem) {
-  const auto notice = newQuestion(window(), GTK_MESSAGE_WARNING, problem);
-  auto* dialog = GTK_DIALOG(notice.get());
-  gtk_dialog_add_button(dialog, translated("_Close").c_str(), GTK_RESPONSE_CLOSE);
-  gtk_dialog_set_default_response(dialog, GTK_RESPONSE_CLOSE);
-  gtk_dialog_run(dialog);
-  gtk_widget_destroy(notice.get());
+  tellProblem(window(), problem);
 }
 
 }  // namespace publishing

@@ -99,9 +99,12 @@ PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
       rules_(std::move(rules)),
       page_(
           translated(kPublishingPanelNameKey), [this] { host_.showHelp(); },
-          [this] { return presets_.makeButton(); }),
+          [this] {
+            return std::vector{reset_.makeButton(), presets_.makeButton()};
+          }),
       host_(*this),
-      presets_(host_) {
+      presets_(host_),
+      reset_(host_) {
   gtk_print_unix_dialog_add_custom_tab(dialog_, page_.content(), page_.label());
 }
 
@@ -249,6 +252,16 @@ void PrintDialogHost::handOver(const JobTicket::Options& options) {
 
 const DialogPlaces& PrintDialogHost::places() const {
   return kPlaces;
+}
+
+void PrintDialogHost::setSummary(const std::string& text) {
+  page_.setSummary(text);
+  reset_.update();
+}
+
+void PrintDialogHost::showOutsideTab(const std::string& line) {
+  page_.mark(!line.empty());
+  line_.show(GTK_DIALOG(dialog_), line);
 }
 
 void PrintDialogHost::bringTabToFront() {

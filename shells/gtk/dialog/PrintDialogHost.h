@@ -10,10 +10,12 @@
 #include "shells/DialogHost.h"
 #include "shells/HostRules.h"
 #include "shells/ToolkitDialog.h"
+#include "shells/gtk/dialog/ButtonRowLine.h"
 #include "shells/gtk/dialog/DialogOptionSet.h"
 #include "shells/gtk/dialog/DialogPage.h"
 #include "shells/gtk/dialog/PresetMenu.h"
 #include "shells/gtk/dialog/PrinterFetch.h"
+#include "shells/gtk/dialog/ResetButton.h"
 
 namespace publishing {
 
@@ -60,8 +62,9 @@ class PrintDialogHost final : private ToolkitDialog {
   void offerPanel(const std::string& name) override { page_.offerPanel(name); }
   void showPanel(View& view) override;
   void showNotices(const std::string& text) override { page_.showNotices(text); }
-  void setSummary(const std::string& text) override { page_.setSummary(text); }
+  void setSummary(const std::string& text) override;
   void showSheets(const JobSheets& sheets) override { page_.showSheets(sheets); }
+  void showOutsideTab(const std::string& line) override;
   [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
   void bringTabToFront() override;
   void pressPrint() override;
@@ -79,6 +82,8 @@ class PrintDialogHost final : private ToolkitDialog {
   guint printSource_ = 0;
   DialogHost host_;
   PresetMenu presets_;
+  ResetButton reset_;
+  ButtonRowLine line_;
   SignalHandlers handlers_;
 };
 

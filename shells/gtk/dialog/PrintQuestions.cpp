@@ -36,4 +36,15 @@ bool printsWithout(GtkWindow* parent, const std::string& losses) {
   return isAnsweredWithPrint(parent, lossMessage(losses), kPrintWithout, GTK_RESPONSE_YES);
 }
 
+void tellProblem(GtkWindow* parent, const std::string& problem) {
+  const auto flags = static_cast<GtkDialogFlags>(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT);
+  const auto window = shareGObject(gtk_message_dialog_new(
+      parent, flags, GTK_MESSAGE_WARNING, GTK_BUTTONS_NONE, "%s", displayText(problem).c_str()));
+  auto* dialog = GTK_DIALOG(window.get());
+  gtk_dialog_add_button(dialog, translated("_Close").c_str(), GTK_RESPONSE_CLOSE);
+  gtk_dialog_set_default_response(dialog, GTK_RESPONSE_CLOSE);
+  gtk_dialog_run(dialog);
+  gtk_widget_destroy(window.get());
+}
+
 }  // namespace publishing

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the user is asked before a job is printed. Modal; while a question is open the program may
-// destroy the parent, which answers it with going back.
+// What the user is asked before a job is printed, and told. Modal; while a question is open the
+// program may destroy the parent, which answers it with going back.
 #pragma once
 
 #include <string>
@@ -19,5 +19,8 @@ bool insistsOnConflicts(GtkWindow* parent, const std::vector<Conflict>& conflict
 // Tells the user what of the remembered covers and inserts the job cannot have, and asks whether to
 // print without it, which is the default, or to go back.
 bool printsWithout(GtkWindow* parent, const std::string& losses);
+
+// Says what went wrong.
+void tellProblem(GtkWindow* parent, const std::string& problem);
 
 }  // namespace publishing

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reset, and what a real print dialog shows of the panel on its other tabs.
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "printing/StoredSettings.h"
+#include "tests/support/PrintDialogUser.h"
+
+namespace publishing {
+namespace {
+
+using testing::IsEmpty;
+
+class PrintDialogResetTest : public testing::Test {
+ protected:
+  PrintDialogResetTest() {
+    std::filesystem::remove_all(std::string(g_get_user_config_dir()) + "/publishing");
+    PrintDialogUser user;
+    user.choosePrinter("Office");
+    user.click("CmCheckBox");
+    user.pick("CmMediaType", 3);
+    EXPECT_TRUE(user.print());
+  }
+
+  static std::string tabLabel(const PrintDialogUser& user) {
+    return gtk_label_get_text(GTK_LABEL(user.tabLabel()));
+  }
+  static std::pair<int, int> sizeOf(const PrintDialogUser& user) {
+    std::pair<int, int> size;
+    gtk_window_get_size(GTK_WINDOW(user.dialog()), &size.first, &size.second);
+    return size;
+  }
+};
+
+TEST_F(PrintDialogResetTest, RememberedCoversAreSeenOnGeneralWithoutAShift) {
+  PrintDialogUser user;
+  user.choosePrinterOnly("Studio");
+  const auto size = sizeOf(user);
+  EXPECT_EQ(tabLabel(user), "Publishing");
+  user.choosePrinterOnly("Office");
+  EXPECT_NE(user.frontTab(), "Publishing");
+  EXPECT_EQ(tabLabel(user), "Publishing ✓");
+  EXPECT_TRUE(user.showsAnywhere("Covers are on: see the “Publishing” tab."));
+  EXPECT_EQ(sizeOf(user), size);
+  user.choosePrinterOnly("Studio");
+  EXPECT_EQ(tabLabel(user), "Publishing");
+  EXPECT_FALSE(user.showsAnywhere("Covers are on"));
+}
+
+TEST_F(PrintDialogResetTest, ResetAndUndo) {
+  PrintDialogUser user;
+  user.choosePrinter("Office");
+  user.openTab("Publishing");
+  ASSERT_TRUE(user.isTicked("CmCheckBox"));
+  user.click("Reset");
+  EXPECT_FALSE(user.isTicked("CmCheckBox"));
+  EXPECT_EQ(tabLabel(user), "Publishing");
+  EXPECT_THAT(StoredSettings().load("Office").values, IsEmpty());
+  EXPECT_EQ(user.setting("cups-CoverMediaType"), "PrnDef");
+  EXPECT_EQ(user.buttonLabel("Reset"), "_Undo Reset");
+  user.click("Reset");
+  EXPECT_TRUE(user.isTicked("CmCheckBox"));
+  EXPECT_EQ(user.picked("CmMediaType"), 3);
+  EXPECT_EQ(user.setting("cups-CoverMediaType"), "Thick");
+  EXPECT_EQ(StoredSettings().load("Office").values.at("CoverMediaType"), "Thick");
+  EXPECT_EQ(user.buttonLabel("Reset"), "_Reset");
+}
+
+}  // namespace
+}  // namespace publishing
