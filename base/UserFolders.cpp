@@ -40,7 +40,7 @@ std::optional<std::string> faultOfFolder(const std::string& folder, bool mayBeRo
     return translated("the folder %s belongs to another user", shown(nearest));
   }
   const bool isShared = (information.st_mode & S_IWOTH) != 0;
-  if (isShared) return translated("everybody can write to the folder %s", shown(nearest));
+  if (isShared) return translated("anyone can write to the folder %s", shown(nearest));
   return std::nullopt;
 }
 
@@ -76,7 +76,7 @@ std::optional<std::string> faultOfFileOwner(const std::string& file) {
     return translated("it belongs to another user");
   }
   const bool isShared = (information.st_mode & S_IWOTH) != 0;
-  if (isShared) return translated("everybody can write to it");
+  if (isShared) return translated("anyone can write to it");
   return std::nullopt;
 }
 

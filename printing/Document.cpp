@@ -62,7 +62,7 @@ void writeAll(int file, std::string_view bytes, const std::string& document) {
 
 Document::Document(const std::string& path)
     : given_(path),
-      name_(path == kStandardInput ? translated("standard input") : path),
+      name_(path == kStandardInput ? translated("(standard input)") : path),
       file_(path == kStandardInput ? fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
                                    : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (!file_.isOpen()) refuse(name_, g_strerror(errno));

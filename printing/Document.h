@@ -20,7 +20,7 @@ class Document {
   // cannot be read or kept, is a folder, is empty, or is neither PDF nor PostScript.
   explicit Document(const std::string& path);
 
-  // For messages: the path as it was given, or "standard input".
+  // For messages: the path as it was given, or "(standard input)".
   [[nodiscard]] const std::string& name() const { return name_; }
 
   // Where other processes of this user find the bytes, as long as this object lives.

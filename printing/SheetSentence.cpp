@@ -175,7 +175,7 @@ std::string sentenceOf(const JobSheets& job) {
   std::string text = featuresSentence(job);
   if (job.plan) text = together(text, totalSentence(*job.plan));
   if (job.leavesOutPages && !job.order.isPlain())
-    text = together(text, translated("Page 1 is the first page that is printed."));
+    text = together(text, translated("Pages are counted from the first page that is printed."));
   return text;
 }
 

@@ -36,11 +36,11 @@ std::string textOf(const SheetWarning& warning) {
       return translated("No insert for \"%s\": that is no page number.", warning.text);
     case Kind::PageOnCover:
       return translatedPlural("No insert for page %s: it is printed on a cover.",
-                              "No inserts for the pages %s: they are printed on covers.",
+                              "No inserts for pages %s: they are printed on covers.",
                               std::ssize(warning.pages), pageListText(warning.pages));
     case Kind::PageBeyondEnd:
       return translatedPlural("No insert for page %s: the last page comes before it.",
-                              "No inserts for the pages %s: the last page comes before them.",
+                              "No inserts for pages %s: the last page comes before them.",
                               std::ssize(warning.pages), pageListText(warning.pages));
   }
   return {};

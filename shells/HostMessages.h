@@ -24,7 +24,7 @@ inline constexpr const char* kGoBack = N_("_Go Back");
 // What of the remembered covers and inserts the job cannot have; and the answer that prints without
 // it, which is the default.
 HostMessage lossMessage(const std::string& losses);
-inline constexpr const char* kPrintWithout = N_("Print _Without It");
+inline constexpr const char* kPrintWithout = N_("Print the _Rest");
 
 // That the help could not be shown; `folder` is the one that holds the help book.
 HostMessage missingHelpMessage(const std::string& folder);

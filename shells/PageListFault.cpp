@@ -23,8 +23,8 @@ std::string reasonOf(std::int32_t result, const std::string& entry, std::int64_t
                         (coverSides & kBothFrontSides) == kBothFrontSides ? 3 : 2, kHighestPage);
     case kPageListTooLong:
       return translated(
-          "“%s” is too much: a list can have %d single pages, and ranges of up to %d pages less "
-          "the single pages before them.",
+          "“%s” is too much: a list takes at most %d single pages, and a range at most %d pages "
+          "minus the single pages listed before it.",
           entry, kMostPages, kMostPages);
     case kPageListEmptyRange:
       return translated("“%s” does not lead from a lower page to a higher one.", entry);

@@ -7,7 +7,7 @@ namespace publishing {
 
 std::string refusalMessage(const std::string& typed) {
   return translated(
-      "“%s” was not taken. Pages are written with digits, “,” between them and “-” for a range: "
+      "“%s” was not accepted. Pages are written with digits, “,” between them and “-” for a range: "
       "5,8,12-14",
       shown(typed));
 }

@@ -66,7 +66,7 @@ std::optional<std::string> faultOfPresetName(const std::string& name) {
   }
   const GlibText stripped(g_strstrip(g_strdup(name.c_str())));
   if (name == stripped.get()) return std::nullopt;
-  return translated("The name \"%s\" begins or ends with a blank.", shown(name));
+  return translated("The name \"%s\" begins or ends with a space.", shown(name));
 }
 
 std::string keyOfPreset(const std::string& name) {

@@ -209,7 +209,7 @@ ReadPreset readPresetFile(const std::string& path) {
       warning = translated("%s: %s", shown(path), warning);
     return read;
   } catch (const PrintError& error) {
-    fail(translated("%s is not a sound preset. %s", shown(path), error.what()));
+    fail(translated("%s is not a valid preset. %s", shown(path), error.what()));
   }
 }
 

@@ -83,7 +83,7 @@ CLI::Option* addWords(CLI::App& command, const std::string& names,
     for (const std::string& word : splitAtCommas(text)) {
       checkWord(name, word, known);
       if (word == kNone) {
-        throw PrintError::usage(translated("%s takes \"none\" alone, or sides.", name));
+        throw PrintError::usage(translated("%s takes either \"none\" or a list of sides.", name));
       }
       value->push_back(word);
     }
@@ -96,8 +96,7 @@ CLI::Option* addNumber(CLI::App& command, const std::string& names, std::optiona
   const auto take = [&value, name = longName(names)](const std::string& text) {
     value = wholeNumber(text);
     if (value) return;
-    throw PrintError::usage(
-        translated("%s needs a whole number, and \"%s\" is none.", name, shown(text)));
+    throw PrintError::usage(translated("%s needs a whole number, not \"%s\".", name, shown(text)));
   };
   return command.add_option_function<std::string>(names, take, help)->type_name("N");
 }

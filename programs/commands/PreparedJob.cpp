@@ -129,9 +129,9 @@ void PreparedJob::checkLosses(const Remembered& remembered, const PanelRequest& 
       !isMissed(kPageInsert, wish.insert.has_value())) {
     return;
   }
-  throw PrintError::refused(
-      message + translated("Say what to print with --cover and --insert, or start without what is "
-                           "remembered with --fresh."));
+  throw PrintError::refused(message +
+                            translated("Say what to print with --cover and --insert, or use "
+                                       "--fresh to start without what is remembered."));
 }
 
 bool PreparedJob::hasLayout() const {
@@ -185,8 +185,8 @@ std::string PreparedJob::remedyForPages() const {
                       preset_->name, preset_->insert);
   }
   return translated(
-      "The pages are remembered for %s (%s). Give others with --insert, or start "
-      "without what is remembered with --fresh.",
+      "The pages are remembered for %s (%s). Give others with --insert, or use --fresh to start "
+      "without what is remembered.",
       printer_.name(), shown(remembered_.getValue(kPageinsertNums).value_or("")));
 }
 

@@ -26,7 +26,7 @@ void addJobOptions(CLI::App& command, JobWishes& wishes, const std::string& rang
       "--reverse", [&wishes] { wishes.reverse = true; }, translated("Print the last page first"));
   addNumber(command, "-n,--copies", wishes.copies, translated("Number of copies, collated"));
   addText(command, ranges, wishes.pages,
-          translated("Print these pages alone, as in 1-4,7. --insert counts the printed pages"))
+          translated("Print only these pages, as in 1-4,7. --insert counts the printed pages"))
       ->type_name("PAGES");
   command
       .add_option("-o,--option", wishes.options,
@@ -68,7 +68,7 @@ void addSides(CLI::App& command, std::optional<Sides>& sides) {
   command
       .add_option_function<std::string>(
           "--sides", take,
-          translated("one-sided, two-sided-long-edge or two-sided-short-edge printing"))
+          translated("Print one-sided, two-sided-long-edge or two-sided-short-edge"))
       ->type_name("SIDES");
 }
 

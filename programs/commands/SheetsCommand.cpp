@@ -80,7 +80,7 @@ ExitStatus runSheets(SheetsArguments& arguments) {
   const JobSheets job = prepared.sheets(subject.pages);
   if (!job.plan) {
     throw PrintError::refused(
-        translated("The sheets of more than %d pages are not planned.", kMostPlannedPages));
+        translated("Sheets can be worked out for at most %d pages.", kMostPlannedPages));
   }
   if (arguments.picture) writePicture(job, subject.title, *arguments.picture);
   if (arguments.print.json) {

@@ -112,7 +112,7 @@ std::string messageFor(const CLI::App& command, const CLI::ParseError& error) {
     return isLast ? translated("%s is missing.", firstWordOf(error)) : missingCommand(command);
   }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
-    return translated("%s needs a value of its own, once.", firstWordOf(error));
+    return translated("%s needs exactly one value.", firstWordOf(error));
   if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
     const std::string message = error.what();
     return translated("%s and %s exclude each other.", firstWordOf(error),

@@ -92,7 +92,7 @@ const std::vector<Case>& cases() {
        "Front cover on Printer Default, page 1 outside. 5 sheets in all."},
       {"APageRange", 24, kReport + Options{{"page-ranges", "11-20"}},
        "Front and back cover on Coated Paper, page 1 outside; sheets of Tray 2 before pages 5 and "
-       "8. 10 sheets in all. Page 1 is the first page that is printed."},
+       "8. 10 sheets in all. Pages are counted from the first page that is printed."},
       {"SeveralPagesOnASide", 24, kReport + Options{{"number-up", "4"}},
        "No covers and no inserts. 3 sheets in all."}};
   return kCases;

@@ -143,8 +143,8 @@ TEST(PresetName, IsTextInOneLine) {
   EXPECT_EQ(faultOfPresetName(std::string(100, 'x')), std::nullopt);
   const std::pair<std::string, const char*> bad[] = {
       {"", "needs a name"},
-      {" ", "begins or ends with a blank"},
-      {" Report", "begins or ends with a blank"},
+      {" ", "begins or ends with a space"},
+      {" Report", "begins or ends with a space"},
       {"Report\t", "cannot be shown"},
       {"two\nlines", "cannot be shown"},
       {std::string("a\0b", 3), "not valid UTF-8"},

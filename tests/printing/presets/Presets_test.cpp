@@ -192,7 +192,7 @@ TEST_F(PresetsTest, ThoseOfOthersAreNotUsed) {
   const std::string file = own("report.preset", textOf(withCover("Report", "Leather")));
   fs::permissions(file, fs::perms::all);
   EXPECT_THAT(names(), IsEmpty());
-  EXPECT_THAT(presets.list().warnings, ElementsAre(HasSubstr("everybody can write to it")));
+  EXPECT_THAT(presets.list().warnings, ElementsAre(HasSubstr("anyone can write to it")));
   fs::permissions(file, fs::perms::owner_all);
   EXPECT_THAT(names(), ElementsAre("Report"));
 

@@ -64,7 +64,7 @@ TEST_F(PublishingJobs, LookAtStandardInputBeforeAnythingIsStored) {
     const Outcome outcome =
         shell(script, {"print", "-d", kQueue, "--cover", "front", "--remember", "-"});
     EXPECT_EQ(outcome.status, 3) << script;
-    EXPECT_THAT(outcome.errors, HasSubstr("standard input")) << script;
+    EXPECT_THAT(outcome.errors, HasSubstr("(standard input)")) << script;
   }
   EXPECT_EQ(jobs(), before);
   EXPECT_THAT(stored(), IsEmpty());

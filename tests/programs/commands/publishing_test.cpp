@@ -437,7 +437,7 @@ TEST_F(Publishing, SaysWhichPageIsTheFirstWhenPagesAreLeftOut) {
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     return outcome.output;
   };
-  const auto isSaid = HasSubstr("Page 1 is the first page that is printed.");
+  const auto isSaid = HasSubstr("Pages are counted from the first page that is printed.");
   for (const Words& some :
        {Words{"-P", "3-9"}, Words{"-o", "page-ranges=3-9"}, Words{"-o", "page-set=even"}}) {
     Words words = some;

@@ -63,7 +63,8 @@ TEST_F(GtkTextFieldTest, RefusedCharactersAreSeenToBeRefused) {
   for (const char* typed : {" ", "–", "x"}) {
     g_signal_emit_by_name(field.widget(), "insert-at-cursor", typed);
     GtkStage::settle();
-    EXPECT_NE(field.refusal().find("“" + std::string(typed) + "” was not taken"), std::string::npos)
+    EXPECT_NE(field.refusal().find("“" + std::string(typed) + "” was not accepted"),
+              std::string::npos)
         << field.refusal();
   }
   EXPECT_NE(paste("5 8").size(), 3U);
