@@ -76,9 +76,9 @@ TEST_F(UserFolders, MayBeTheAdministratorsWhereThatIsMeant) {
   const std::string file = folder_.file("file", "");
   EXPECT_EQ(faultOfFileOwner(file), std::nullopt);
   fs::permissions(file, fs::perms::all);
-  EXPECT_THAT(faultOfFileOwner(file).value_or(""), HasSubstr("everybody can write"));
+  EXPECT_THAT(faultOfFileOwner(file).value_or(""), HasSubstr("anyone can write"));
   fs::permissions(folder_.path(), fs::perms::all);
-  EXPECT_THAT(faultOfSystemOwner(folder_.path()).value_or(""), HasSubstr("everybody can write"));
+  EXPECT_THAT(faultOfSystemOwner(folder_.path()).value_or(""), HasSubstr("anyone can write"));
   fs::permissions(folder_.path(), fs::perms::owner_all);
 }
 
@@ -88,7 +88,7 @@ TEST_F(UserFolders, OfOthersAreNotTrusted) {
   EXPECT_EQ(faultOfOwner(folder_ / "not/there/yet"), std::nullopt);
   EXPECT_EQ(faultOfOwner("/tmp/publishing-that-is-not-there"), std::nullopt);
   fs::permissions(folder_.path(), fs::perms::all);
-  EXPECT_THAT(faultOfOwner(folder_.path()).value_or(""), HasSubstr("everybody can write"));
+  EXPECT_THAT(faultOfOwner(folder_.path()).value_or(""), HasSubstr("anyone can write"));
   EXPECT_THAT(faultOfOwner(folder_ / "not/there/yet").value_or(""), HasSubstr(folder_.path()));
   fs::permissions(folder_.path(), fs::perms::owner_all);
   if (geteuid() == 0) {

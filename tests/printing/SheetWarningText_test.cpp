@@ -47,8 +47,8 @@ TEST(SheetWarningText, NamesThePagesThatGetNoInsert) {
               ElementsAre("No insert for page 1: it is printed on a cover.",
                           "No insert for page 400: the last page comes before it."));
   EXPECT_THAT(warnings(kTwoSided + covers("1", "3") + inserts("0", "1,2,12,13,14,")),
-              ElementsAre("No inserts for the pages 1 and 2: they are printed on covers.",
-                          "No inserts for the pages 12\u201314: the last page comes before them."));
+              ElementsAre("No inserts for pages 1 and 2: they are printed on covers.",
+                          "No inserts for pages 12\u201314: the last page comes before them."));
 }
 
 TEST(SheetWarningText, KnowsNoEndOfADocumentOfUnknownLength) {

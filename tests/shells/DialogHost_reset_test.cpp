@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reset, and what the dialog's other tabs show of the panel, without a toolkit.
 #include <filesystem>
+#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -91,6 +92,9 @@ TEST_F(DialogResetTest, WhatCannotBeForgottenIsSaidAndStays) {
   const std::string file = StoredSettings().fileOf(office);
   std::filesystem::remove(file);
   std::filesystem::create_directories(file + "/in");
+  // No name is left that it could be kept under.
+  for (int number = 1; number <= 999; ++number)
+    std::ofstream(file + ".broken-" + std::to_string(number)) << "earlier";
   EXPECT_THAT(dialog.host().reset(), HasSubstr("cannot be removed"));
   EXPECT_EQ(box("CmCheckBox").state(), 1);
   EXPECT_FALSE(dialog.host().canUndoReset());

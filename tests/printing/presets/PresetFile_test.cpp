@@ -109,7 +109,7 @@ TEST(PresetFile, FaultsNameTheFile) {
       {folder.path(), "not a regular file"},
       {folder.file("large", std::string(70000, '#')), "too large"},
       {folder.file("nul", std::string("a\0b", 3)), "NUL"},
-      {folder.file("garbage", "garbage\n"), "not a sound preset"},
+      {folder.file("garbage", "garbage\n"), "not a valid preset"},
       {"/dev/zero", "not a regular file"},
   };
   for (const auto& [path, fault] : cases) {

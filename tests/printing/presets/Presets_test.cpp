@@ -149,7 +149,7 @@ TEST_F(PresetsTest, OneThatIsDamagedIsAnErrorAndStandsInNoOthersWay) {
   EXPECT_THAT(presets.list().warnings, ElementsAre(HasSubstr("own/report.preset")));
   const PrintError error = errorOf([this] { (void)presets.find("Report"); });
   EXPECT_EQ(error.kind(), Kind::Trouble);
-  EXPECT_THAT(error.what(), HasSubstr("not a sound preset"));
+  EXPECT_THAT(error.what(), HasSubstr("not a valid preset"));
 
   EXPECT_TRUE(presets.hasOwn("Report"));
   EXPECT_EQ(errorOf([this] { presets.store({.name = "Report"}, Existing::Keep); }).kind(),
@@ -212,7 +212,7 @@ TEST_F(PresetsTest, FoldersOfTheAdministratorMustNotBeEverybodys) {
   shared("house.preset", withCover("House", "Plain"));
   fs::permissions(folder / "shared", fs::perms::all);
   EXPECT_THAT(names(), IsEmpty());
-  EXPECT_THAT(presets.list().warnings, ElementsAre(HasSubstr("everybody can write")));
+  EXPECT_THAT(presets.list().warnings, ElementsAre(HasSubstr("anyone can write")));
   fs::permissions(folder / "shared", fs::perms::owner_all);
   EXPECT_THAT(names(), ElementsAre("House"));
 }

@@ -153,7 +153,7 @@ TEST_F(PublishingExtension, ChangesNothingInFoldersThatAreNotTheUsers) {
   std::filesystem::permissions(folder_ / "user/gtk-3.0", std::filesystem::perms::all);
   const Outcome outcome = run({"enable"});
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("everybody"), HasSubstr("nothing was changed")));
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr("anyone"), HasSubstr("nothing was changed")));
   EXPECT_FALSE(std::filesystem::exists(userFile_));
   // A relative folder is nobody's.
   std::filesystem::create_directories(folder_ / "home");

@@ -240,7 +240,7 @@ TEST_F(PublishingJobs, StoreNothingInFoldersThatAreNotTheUsers) {
   const std::ptrdiff_t before = jobs();
   const Outcome outcome = remember();
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_THAT(outcome.errors, AllOf(HasSubstr(config_.path()), HasSubstr("everybody")));
+  EXPECT_THAT(outcome.errors, AllOf(HasSubstr(config_.path()), HasSubstr("anyone")));
   EXPECT_EQ(jobs(), before);
 }
 

@@ -62,7 +62,7 @@ TEST_F(PublishingUsage, NamesTheFaultAndWhereHelpIs) {
        "Help: publishing print --help"},
       {{"print", "--wiat=5", kDocument}, "Did you mean --wait?", "Help: publishing print --help"},
       {{"pages", "5", "8"}, "\"8\" is one word too many.", "Help: publishing pages --help"},
-      {{"print", "--title"}, "--title needs a value", "Help: publishing print --help"},
+      {{"print", "--title"}, "--title needs exactly one value", "Help: publishing print --help"},
       {{"print", "--ppd", kPPD, "-d", "q", kDocument},
        "--printer and --ppd exclude each other.",
        "Help: publishing print --help"},
