@@ -5,7 +5,8 @@ from dialog_user import check, wait_for
 
 TICKS = ("Add covers to the document", "Outside of the front cover",
          "Add sheets between the pages", "Front of the inserted sheets")
-ALERT = "You can only enter page numbers between 2 and 511."
+ALERT = ("You can only enter page numbers between 2 and 511.\n\n"
+         "“1” is not between page 2 and page 511.")
 CHOICES = (b"CoverMediaType Thick", b"PageMediaType Recycled")
 OPTIONS = ("VtCoverModeState=On", "VtCoverModeValue=1", "VtCovermodeRadioButtonState=2",
            "VtCmIndex=3", "VtUnspecified=1", "VtPageinsertState=On", "VtPageinsertValue=1",

@@ -36,7 +36,10 @@ DialogPage::DialogPage(const std::string& name, std::function<void()> help,
       help_(std::move(help)),
       makeButtons_(std::move(makeButtons)) {
   const auto mapped = [](GtkWidget*, gpointer self) {
-    guarded([&] { static_cast<DialogPage*>(self)->drawMessage(); });
+    guarded([&] {
+      static_cast<DialogPage*>(self)->drawMessage();
+      static_cast<DialogPage*>(self)->drawPanel();
+    });
   };
   handlers_.connect(content(), "map", G_CALLBACK(+mapped), this);
   gtk_widget_show(content());
@@ -68,6 +71,7 @@ void DialogPage::addPanel() {
   gtk_box_pack_end(GTK_BOX(panelBox_), makeFoot(), FALSE, FALSE, 0);
   gtk_box_pack_end(GTK_BOX(panelBox_), sheets_->widget(), TRUE, TRUE, 0);
   gtk_widget_show_all(panelBox_);
+  gtk_widget_hide(panelBox_);
   gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
 }
 
@@ -151,6 +155,13 @@ void DialogPage::showPanel(GtkWidget* view) {
   panel_ = view;
   gtk_box_pack_start(GTK_BOX(panelBox_), view, TRUE, TRUE, 0);
   if (spinner_ != nullptr) g_object_set(spinner_, "active", FALSE, nullptr);
+  if (isInFront()) drawPanel();
+}
+
+// Not before somebody looks here: the panel may need a taller dialog.
+void DialogPage::drawPanel() {
+  if (panel_ == nullptr) return;
+  gtk_widget_show(panelBox_);
   gtk_stack_set_visible_child_name(GTK_STACK(content()), kPanel);
 }
 

@@ -58,6 +58,7 @@ class DialogPage {
   void writeLabel();
   void removePanel();
   void drawMessage();
+  void drawPanel();
   void addMessage();
   void addPanel();
   GtkWidget* makeFoot();
