@@ -177,16 +177,19 @@ QWidget* InterfaceWidgets::widgetOf(const QString& id) const {
   return found != made_.end() && !id.isEmpty() ? found->widget : nullptr;
 }
 
-// Which label belongs to which control, and what accessibility tools say of it.
+// Which label belongs to which control, and what accessibility tools say of it. They are told of a
+// label's control by Qt, and take a menu's choice for its name as long as it has no other.
 void InterfaceWidgets::relate() {
   for (const auto& [object, parent, widget] : made_) {
     QWidget* control = widgetOf(object->property("mnemonic-widget"));
     if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && control != nullptr) {
       label->setBuddy(control);
     }
+  }
+  for (const auto& [object, parent, widget] : made_) {
     for (const auto& [kind, target] : object->relations) {
       const auto* label = qobject_cast<QLabel*>(widgetOf(target));
-      if (label == nullptr) continue;
+      if (label == nullptr || label->buddy() == widget) continue;
       const QString text = withoutMnemonic(label->text());
       if (kind == "labelled-by") widget->setAccessibleName(text);
       if (kind == "described-by") widget->setAccessibleDescription(text);

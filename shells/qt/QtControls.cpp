@@ -13,7 +13,8 @@ void TwoStateBox::nextCheckState() {
 }
 
 QtCheckBox::QtCheckBox(TwoStateBox* box) : QtControl(box), box_(box) {
-  QObject::connect(box, &QAbstractButton::clicked, receiver(), [this] {
+  QObject::connect(box, &QAbstractButton::toggled, receiver(), [this] {
+    if (isOwn()) return;
     guarded([this] {
       if (action_) action_(*this);
     });
@@ -27,6 +28,7 @@ int QtCheckBox::state() const {
 }
 
 void QtCheckBox::setState(int state) {
+  const Own own(*this);
   const auto shown = state == 0 ? Qt::Unchecked : Qt::Checked;
   box_->setCheckState(state < 0 ? Qt::PartiallyChecked : shown);
 }
@@ -35,16 +37,25 @@ QtRadioMatrix::QtRadioMatrix(QWidget* container, QButtonGroup* cells)
     : QtControl(container),
       cells_(cells),
       actions_(static_cast<std::size_t>(cells->buttons().size())) {
-  // "clicked" comes for the selected cell too.
+  // A click on the selected cell changes nothing and is a gesture all the same.
   for (QAbstractButton* cell : cells->buttons()) {
     const auto column = static_cast<std::size_t>(cells->id(cell));
+    QObject::connect(cell, &QAbstractButton::toggled, receiver(), [this, column](bool isOn) {
+      if (isOn && !isOwn()) send(column);
+    });
+    QObject::connect(cell, &QAbstractButton::pressed, receiver(),
+                     [this, cell] { wasOnWhenPressed_ = cell->isChecked(); });
     QObject::connect(cell, &QAbstractButton::clicked, receiver(), [this, column] {
-      guarded([&] {
-        if (actions_.at(column)) actions_.at(column)(*this);
-      });
-      tellUserChanged();
+      if (wasOnWhenPressed_) send(column);
     });
   }
+}
+
+void QtRadioMatrix::send(std::size_t column) {
+  guarded([&] {
+    if (actions_.at(column)) actions_.at(column)(*this);
+  });
+  tellUserChanged();
 }
 
 std::int64_t QtRadioMatrix::selectedColumn() const {
@@ -52,6 +63,7 @@ std::int64_t QtRadioMatrix::selectedColumn() const {
 }
 
 void QtRadioMatrix::selectCellAtRow(std::int64_t row, std::int64_t column) {
+  const Own own(*this);
   if (row == 0 && column >= 0 && column < cells_->buttons().size()) {
     cells_->button(static_cast<int>(column))->setChecked(true);
   } else {
@@ -63,6 +75,7 @@ void QtRadioMatrix::selectCellAtRow(std::int64_t row, std::int64_t column) {
 void QtRadioMatrix::deselectAllCells() {
   QAbstractButton* selected = cells_->checkedButton();
   if (!allowsEmptySelection_ || selected == nullptr) return;
+  const Own own(*this);
   cells_->setExclusive(false);
   selected->setChecked(false);
   cells_->setExclusive(true);
@@ -74,8 +87,9 @@ void QtRadioMatrix::setAction(const QAbstractButton* cell, Action action) {
 }
 
 QtPopUpButton::QtPopUpButton(QComboBox* comboBox) : QtControl(comboBox), comboBox_(comboBox) {
-  QObject::connect(comboBox, qOverload<int>(&QComboBox::activated), receiver(),
-                   [this] { tellUserChanged(); });
+  QObject::connect(comboBox, qOverload<int>(&QComboBox::currentIndexChanged), receiver(), [this] {
+    if (!isOwn()) tellUserChanged();
+  });
 }
 
 QStandardItem* QtPopUpButton::item(std::int64_t index) const {
@@ -85,11 +99,13 @@ QStandardItem* QtPopUpButton::item(std::int64_t index) const {
 }
 
 void QtPopUpButton::removeAllItems() {
+  const Own own(*this);
   titles_.clear();
   comboBox_->clear();
 }
 
 void QtPopUpButton::addItemsWithTitles(const std::vector<std::string>& titles) {
+  const Own own(*this);
   const int selected = comboBox_->currentIndex();
   for (const std::string& title : titles) {
     titles_.push_back(title);
@@ -116,6 +132,7 @@ void QtPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
 }
 
 void QtPopUpButton::selectItemAtIndex(std::int64_t index) {
+  const Own own(*this);
   const bool exists = index >= 0 && index < numberOfItems();
   comboBox_->setCurrentIndex(exists ? static_cast<int>(index) : -1);
 }

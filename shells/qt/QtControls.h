@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The platform's controls on Qt widgets, for Qt 5 and Qt 6 alike. Qt tells of a user's gestures and
-// of changes from code by different signals; the controls listen to the former only.
+// The platform's controls on Qt widgets, for Qt 5 and Qt 6 alike. Qt has signals for the user's
+// gestures alone, but sends them for those of the mouse and the keyboard only. So the controls
+// listen to changes, which accessibility tools make as well, and leave out their own.
 //
 // The widgets belong to the interface description, which lives longer than its controls.
 #pragma once
@@ -8,6 +9,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QWidget>
 #include <functional>
@@ -62,8 +64,16 @@ class QtControl : public Interface {
   // The receiver of the control's connections, which end with it.
   [[nodiscard]] QObject* receiver() { return &receiver_; }
 
+  // Lives while the control's own code changes the widget.
+  class Own : public QScopedValueRollback<bool> {
+   public:
+    explicit Own(QtControl& control) : QScopedValueRollback(control.isOwn_, true) {}
+  };
+  [[nodiscard]] bool isOwn() const { return isOwn_; }
+
  private:
   QWidget* widget_;
+  bool isOwn_ = false;
   std::function<void()> changed_;
   QObject receiver_;
 };
@@ -108,8 +118,11 @@ class QtRadioMatrix final : public QtControl<RadioMatrix> {
   void setAction(const QAbstractButton* cell, Action action);
 
  private:
+  void send(std::size_t column);
+
   QButtonGroup* cells_;
   std::vector<Action> actions_;
+  bool wasOnWhenPressed_ = false;  // the cell that is being clicked
   bool allowsEmptySelection_ = false;
 };
 

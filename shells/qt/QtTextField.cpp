@@ -21,6 +21,7 @@ std::optional<std::string> QtTextField::stringValue() const {
 }
 
 void QtTextField::setStringValue(const std::string& value) {
+  const Own own(*this);
   const QString text = shownText(value);
   if (text != field_->text()) field_->setText(text);
   value_ = value;
@@ -51,6 +52,7 @@ void QtTextField::edited(const QString& text) {
 }
 
 void QtTextField::show(const QString& text, int cursor) {
+  const Own own(*this);
   field_->setText(text);
   field_->setCursorPosition(cursor);
 }
