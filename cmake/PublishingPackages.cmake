@@ -4,6 +4,7 @@
 #   program        publishing                the command line, completion, translations
 #   printer        publishing-printer        the filter for print servers
 #   dialog         publishing-print-dialog   the extension, publishing-dialog, help, desktop files
+#   qt5, qt6       publishing-qt5, -qt6      the extension for Qt's print dialogs, where there is that Qt
 #   documentation  publishing-doc            the documents of docs/
 set(PUBLISHING_MAINTAINER "The Publishing authors <publishing@zephrel.com>"
     CACHE STRING "Maintainer of the packages")
@@ -25,7 +26,10 @@ foreach(file IN ITEMS "${CMAKE_CURRENT_BINARY_DIR}/changelog=changelog.Debian" "
     DEPENDS "${source}" VERBATIM)
 endforeach()
 add_custom_target(package-changelogs ALL DEPENDS changelog.Debian.gz changelog.gz)
-foreach(component program=publishing printer=publishing-printer dialog=publishing-print-dialog documentation=publishing-doc)
+set(qt_packages ${PUBLISHING_QT})
+list(TRANSFORM qt_packages REPLACE "(.+)" "qt\\1=publishing-qt\\1")
+foreach(component program=publishing printer=publishing-printer dialog=publishing-print-dialog ${qt_packages}
+        documentation=publishing-doc)
   string(REPLACE "=" ";" component "${component}")
   list(GET component 1 package)
   list(GET component 0 component)
@@ -41,6 +45,9 @@ set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}/packages")
 set(CPACK_COMPONENTS_ALL program printer dialog documentation)
+foreach(major IN LISTS PUBLISHING_QT)
+  list(APPEND CPACK_COMPONENTS_ALL qt${major})
+endforeach()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${PUBLISHING_MAINTAINER}")
@@ -56,7 +63,11 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each component has its own
 set(same "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "cups, cups-filters")
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "publishing-print-dialog ${same}, publishing-doc")
+set(program_suggests "publishing-print-dialog ${same}, publishing-doc")
+foreach(major IN LISTS PUBLISHING_QT)
+  string(APPEND program_suggests ", publishing-qt${major} ${same}")
+endforeach()
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "${program_suggests}")
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
 "covers and inserted sheets on Zephrel printers: command line
 Prints documents with a front cover, or a front and a back cover, on paper of
@@ -92,6 +103,23 @@ PostScript printers of the Zephrel family.
 This package gives the print dialogs of all GTK 3 programs a tab for that, once
 it is switched on by \"publishing extension enable --system\". It also has a
 program that opens such a dialog for a document.")
+
+# The help book is in publishing-print-dialog.
+foreach(major IN LISTS PUBLISHING_QT)
+  set(CPACK_DEBIAN_QT${major}_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_QT${major}_PACKAGE_DEPENDS "publishing ${same}")
+  set(CPACK_DEBIAN_QT${major}_PACKAGE_RECOMMENDS "cups, publishing-print-dialog ${same}")
+  set(CPACK_DEBIAN_QT${major}_PACKAGE_CONTROL_EXTRA "${debian}/postinst;${debian}/qt/prerm")
+  set(CPACK_DEBIAN_QT${major}_DESCRIPTION
+"covers and inserted sheets on Zephrel printers: Qt ${major} print dialogs
+Prints documents with a front cover, or a front and a back cover, on paper of
+their own, and with sheets of another paper inserted between their pages, on
+PostScript printers of the Zephrel family.
+
+This package gives the print dialogs of all Qt ${major} programs a tab for that,
+once it is switched on by \"publishing extension enable --system\" and the user
+has logged in again.")
+endforeach()
 
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)

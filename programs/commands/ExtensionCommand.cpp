@@ -11,8 +11,10 @@
 
 #include "base/Translation.h"
 #include "base/UserFolders.h"
+#include "programs/commands/QtExtension.h"
 #include "programs/gtk-settings/GtkSettingsFile.h"
 #include "programs/gtk-settings/GtkSettingsPlaces.h"
+#include "programs/gtk-settings/SettingsChange.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/ExtensionNames.h"
 #include "shells/HostRules.h"
@@ -47,13 +49,16 @@ State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) 
   return state;
 }
 
+std::string remedyOf(const ExtensionOptions& options) {
+  return options.system
+             ? translated(
+                   "It belongs to the administrator: put \"sudo\" before the command; "
+                   "nothing was changed.")
+             : translated("Make sure that you own it and may write to it; nothing was changed.");
+}
+
 GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
-  if (!options.system) {
-    return {places.userFile,
-            translated("Make sure that you own it and may write to it; nothing was changed.")};
-  }
-  return {places.systemFile, translated("It belongs to the administrator: put \"sudo\" before the "
-                                        "command; nothing was changed.")};
+  return {options.system ? places.systemFile : places.userFile, remedyOf(options)};
 }
 
 // Another user's file would become this user's, or the other way round.
@@ -92,13 +97,19 @@ json asJson(const State& state) {
           {"works", state.isListed() && state.library && !state.switchedOffBy}};
 }
 
-const char* nameOf(Change change) {
-  if (change == Change::None) return "none";
-  return change == Change::Written ? "written" : "removed";
+json asJson(const State& state, const QtExtension& qt) {
+  json result = asJson(state);
+  result["toolkits"] = {
+      {"gtk3",
+       {{"enabled", result["enabled"]}, {"file", result["file"]}, {"works", result["works"]}}},
+      {"qt", qt.asJson()}};
+  if (state.switchedOffBy) result["toolkits"]["qt"]["works"] = false;
+  return result;
 }
 
-void writeChange(const std::string& file, Change change, const State& state) {
-  json result = asJson(state);
+void writeChange(const std::string& file, Change change, const State& state,
+                 const QtExtension& qt) {
+  json result = asJson(state, qt);
   result["change"] = {{"file", file}, {"what", nameOf(change)}};
   sayJson(result);
 }
@@ -113,8 +124,10 @@ ExitStatus runEnable(const ExtensionOptions& options) {
     change = file.enable(inheritedBackends(places, file.path()));
     state = stateOf(places, options);
   }
+  QtExtension qt(options.system, remedyOf(options));
+  const ExitStatus qtStatus = qt.enable();
   if (options.json) {
-    writeChange(file.path(), change, state);
+    writeChange(file.path(), change, state, qt);
   } else if (change != Change::None) {
     say(
         translated("%s: the print backend \"publishing\" was added. Programs that you start from "
@@ -123,8 +136,10 @@ ExitStatus runEnable(const ExtensionOptions& options) {
   } else if (state.isListed()) {
     say(translated("Nothing to do: %s already lists \"publishing\".", nameOf(state.backends)));
   }
+  if (!options.json) qt.tell();
   warnOf(state);
-  if (state.isListed()) return kDone;
+  qt.warnOfFaults();
+  if (state.isListed()) return qtStatus;
   warn(
       translated("%s has another list, which takes precedence: gtk-print-backends=%s. Add "
                  "\"publishing\" there.",
@@ -137,8 +152,10 @@ ExitStatus runDisable(const ExtensionOptions& options) {
   const GtkSettingsFile file = fileOf(places, options);
   const Change change = file.disable();
   const State state = stateOf(places, options);
+  QtExtension qt(options.system, remedyOf(options));
+  const ExitStatus qtStatus = qt.disable();
   if (options.json) {
-    writeChange(file.path(), change, state);
+    writeChange(file.path(), change, state, qt);
   } else if (change == Change::Written) {
     say(translated("%s: the print backend \"publishing\" was removed.", shown(file.path())));
   } else if (change == Change::Removed) {
@@ -147,9 +164,11 @@ ExitStatus runDisable(const ExtensionOptions& options) {
   } else {
     say(translated("Nothing to do: %s does not list \"publishing\".", shown(file.path())));
   }
+  if (!options.json) qt.tell();
   for (const std::string& warning : state.backends.warnings)
     warn(warning);
-  if (!state.isListed()) return kDone;
+  qt.warnOfFaults();
+  if (!state.isListed()) return qtStatus;
   warn(options.system
            ? translated("%s still lists \"publishing\". Remove it there.", nameOf(state.backends))
            : translated("The panel is still on, because %s lists \"publishing\". To switch it off "
@@ -161,13 +180,15 @@ ExitStatus runDisable(const ExtensionOptions& options) {
 
 ExitStatus runStatus(const ExtensionOptions& options) {
   const State state = stateOf(GtkSettingsPlaces::here(), options);
+  const QtExtension qt(options.system, remedyOf(options));
   if (options.json) {
-    sayJson(asJson(state));
+    sayJson(asJson(state, qt));
   } else {
     say(translated(state.isListed() ? N_("enabled by %s: gtk-print-backends=%s")
                                     : N_("not enabled by %s: gtk-print-backends=%s"),
                    nameOf(state.backends), shown(state.backends.list)));
     if (state.library) say(translated("library: %s", shown(*state.library)));
+    qt.tell();
   }
   warnOf(state);
   return kDone;

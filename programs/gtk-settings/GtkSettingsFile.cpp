@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/gtk-settings/GtkSettingsFile.h"
 
-#include <cerrno>
 #include <filesystem>
 #include <optional>
-#include <system_error>
 
 #include "base/AtomicFile.h"
 #include "base/TextFile.h"
 #include "base/Translation.h"
 #include "printing/PrintError.h"
+#include "programs/gtk-settings/SettingsChange.h"
 
 namespace publishing {
 namespace {
@@ -19,15 +18,6 @@ using Change = GtkSettingsFile::Change;
 using Made = GtkSettingsText::Made;
 
 constexpr std::size_t kLargestFile = 1048576;  // bytes; a usual one has less than 1 KiB
-
-// The file itself, whatever links lead to it.
-fs::path targetOf(const std::string& path) {
-  if (!fs::is_symlink(path) || fs::exists(path)) return fs::weakly_canonical(path);
-  throw PrintError::trouble(
-      translated("%s is a link to %s, which does not exist. Create that file or remove the link; "
-                 "nothing was changed.",
-                 shown(path), shown(fs::read_symlink(path))));
-}
 
 // Nothing when there is no such file.
 std::optional<GtkSettingsText> readFile(const std::string& path) {
@@ -47,26 +37,10 @@ std::optional<GtkSettingsText> readFile(const std::string& path) {
   return settings;
 }
 
-// Runs the change with the file's target.
-template <class Action>
-Change changed(const std::string& path, const std::string& remedy, const Action& action) {
-  try {
-    return action(targetOf(path));
-  } catch (const std::system_error& error) {
-    const int code = error.code().value();
-    const bool forbidden = code == EACCES || code == EPERM;
-    throw PrintError::trouble(
-        translated("%s cannot be changed: %s. %s", shown(path), error.code().message(),
-                   forbidden ? remedy
-                             : translated("Check the file system and its free space; "
-                                          "nothing was changed.")));
-  }
-}
-
 }  // namespace
 
 Change GtkSettingsFile::enable(const std::string& inherited) const {
-  return changed(path_, remedy_, [&](const fs::path& target) {
+  return changeSettings(path_, remedy_, [&](const fs::path& target) {
     const auto given = readFile(target);
     GtkSettingsText settings = given.value_or(GtkSettingsText(""));
     const bool folderIsNew = fs::create_directories(target.parent_path());
@@ -78,7 +52,7 @@ Change GtkSettingsFile::enable(const std::string& inherited) const {
 }
 
 Change GtkSettingsFile::disable() const {
-  return changed(path_, remedy_, [&](const fs::path& target) {
+  return changeSettings(path_, remedy_, [&](const fs::path& target) {
     const auto given = readFile(target);
     if (!given) return Change::None;
     GtkSettingsText settings = *given;

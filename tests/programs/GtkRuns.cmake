@@ -34,6 +34,15 @@ endforeach()
 if(NOT PUBLISHING_SANITIZE)
   publishing_add_run(extension-portal extension/portal_run.py "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 endif()
+# The same in print dialogs of Qt, for a program of our own.
+foreach(major IN LISTS PUBLISHING_QT)
+  foreach(case whole-run two-at-once destroyed
+          # without the tab
+          switched-off no-panel-library broken-panel-library no-folder)
+    publishing_add_run(qt${major}-${case} extension/qt_run.py
+      "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${major} ${case})
+  endforeach()
+endforeach()
 add_custom_target(extension-table
   COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
     /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/extension_run.py"

@@ -33,10 +33,14 @@ class PublishingExtension : public ::testing::Test {
   [[nodiscard]] Outcome run(std::vector<std::string> words,
                             const std::map<std::string, std::string>& environment = {}) const {
     words.insert(words.begin(), {PUBLISHING_PROGRAM, "extension"});
-    std::map<std::string, std::string> variables = {
-        {"XDG_CONFIG_HOME", folder_ / "user"}, {"XDG_CONFIG_DIRS", folder_ / "system"},
-        {"GTK_DATA_PREFIX", folder_ / "data"}, {"GTK_EXE_PREFIX", folder_ / "data"},
-        {"GTK_PATH", folder_ / "gtk"},         {"PUBLISHING_EXTENSION", "1"}};
+    std::map<std::string, std::string> variables = {{"XDG_CONFIG_HOME", folder_ / "user"},
+                                                    {"XDG_CONFIG_DIRS", folder_ / "system"},
+                                                    {"GTK_DATA_PREFIX", folder_ / "data"},
+                                                    {"GTK_EXE_PREFIX", folder_ / "data"},
+                                                    {"GTK_PATH", folder_ / "gtk"},
+                                                    {"PUBLISHING_EXTENSION", "1"},
+                                                    {"PUBLISHING_QT_PLUGINS", folder_ / "qt"},
+                                                    {"QT_PLUGIN_PATH", ""}};
     for (const auto& [name, value] : environment)
       variables[name] = value;
     return runProgram(words, variables);
@@ -80,18 +84,25 @@ TEST_F(PublishingExtension, WritesJSONForPrograms) {
                    {"library", folder_ / "gtk/printbackends/libprintbackend-publishing.so"},
                    {"switchedOffBy", nullptr},
                    {"works", true}};
+  // What GTK's state was all that there was; that of other toolkits came later.
+  const auto withoutToolkits = [](const Outcome& outcome) {
+    json result = json::parse(outcome.output);
+    EXPECT_EQ(result["toolkits"]["gtk3"]["works"], result["works"]);
+    result.erase("toolkits");
+    return result;
+  };
   (void)folder_.file("system/gtk-3.0/settings.ini", "[Settings]\ngtk-print-backends=lpr\n");
-  EXPECT_EQ(json::parse(run({"enable", "--json"}).output), expected);
+  EXPECT_EQ(withoutToolkits(run({"enable", "--json"})), expected);
   expected["change"]["what"] = "none";
-  EXPECT_EQ(json::parse(run({"enable", "--json"}).output), expected);
+  EXPECT_EQ(withoutToolkits(run({"enable", "--json"})), expected);
   expected.erase("change");
-  EXPECT_EQ(status(), expected);
+  EXPECT_EQ(withoutToolkits(run({"status", "--json"})), expected);
   expected["change"] = {{"file", userFile_}, {"what", "removed"}};
   expected["backends"] = "lpr";
   expected["enabled"] = false;
   expected["file"] = systemFile_;
   expected["works"] = false;
-  EXPECT_EQ(json::parse(run({"disable", "--json"}).output), expected);
+  EXPECT_EQ(withoutToolkits(run({"disable", "--json"})), expected);
 }
 
 TEST_F(PublishingExtension, StatusTellsWhatIsMissing) {
@@ -141,6 +152,72 @@ TEST_F(PublishingExtension, AFileThatGtkDoesNotReadIsNamedAndKept) {
     EXPECT_EQ(contentsOfFile(userFile_), broken);
   }
   EXPECT_THAT(run({"status"}).errors, HasSubstr("GTK ignores " + userFile_));
+}
+
+// A folder as the packages for Qt have it; `check` is what looks whether Qt can load the panel.
+class PublishingQtExtension : public PublishingExtension {
+ protected:
+  PublishingQtExtension() {
+    std::filesystem::create_directories(folder_ / "qt/printsupport");
+    (void)folder_.file("qt/printsupport/libpublishing-print6.so", "");
+    writeCheck("exit 0");
+  }
+
+  void writeCheck(const std::string& script) {
+    const std::string check =
+        folder_.file("qt/publishing-qt6-check", "#!/bin/sh\n" + script + "\n");
+    std::filesystem::permissions(check, std::filesystem::perms::owner_all);
+  }
+
+  [[nodiscard]] json qt(const std::vector<std::string>& words,
+                        const std::map<std::string, std::string>& environment = {}) const {
+    return json::parse(run(words, environment).output)["toolkits"]["qt"];
+  }
+
+  std::string file_ = folder_ / "user/environment.d/60-publishing.conf";
+};
+
+TEST_F(PublishingQtExtension, IsSwitchedOnForTheNextLoginAndOffWithoutATrace) {
+  EXPECT_THAT(run({"status"}).output, HasSubstr("\nQt: not enabled\n"));
+  const Outcome enabled = run({"enable"});
+  EXPECT_EQ(enabled.status, 0) << enabled.errors;
+  EXPECT_THAT(enabled.output, AllOf(HasSubstr(file_), HasSubstr("once you have logged in again")));
+  EXPECT_THAT(contentsOfFile(file_), HasSubstr("\nQT_PLUGIN_PATH=" + folder_ / "qt" +
+                                               "${QT_PLUGIN_PATH:+:$QT_PLUGIN_PATH}\n"));
+  EXPECT_THAT(run({"status"}).output, HasSubstr("from your next login on"));
+  const json state = qt({"status", "--json"}, {{"QT_PLUGIN_PATH", "/a:" + folder_ / "qt"}});
+  EXPECT_EQ(state, (json{{"enabled", true},
+                         {"faults", json::array()},
+                         {"file", file_},
+                         {"folder", folder_ / "qt"},
+                         {"session", true},
+                         {"versions", {6}},
+                         {"works", true}}));
+  EXPECT_EQ(qt({"enable", "--json"})["change"]["what"], "none");
+  EXPECT_THAT(run({"disable"}).output, HasSubstr(file_ + " was removed"));
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "user/environment.d"));
+}
+
+TEST_F(PublishingQtExtension, IsTriedBeforeAProgramCouldLoseItsPrinters) {
+  ASSERT_EQ(run({"enable"}).status, 0);
+  writeCheck("echo no such symbol >&2; exit 1");
+  const Outcome refused = run({"enable"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors, HasSubstr("Qt 6 cannot load the panel: no such symbol"));
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  std::filesystem::remove(folder_ / "qt/publishing-qt6-check");
+  EXPECT_EQ(qt({"enable", "--json"})["faults"].size(), 1U);
+}
+
+TEST_F(PublishingQtExtension, LeavesAForeignFileAlone) {
+  std::filesystem::create_directories(folder_ / "user/environment.d");
+  (void)folder_.file("user/environment.d/60-publishing.conf", "QT_PLUGIN_PATH=/mine\n");
+  for (const char* command : {"enable", "disable"}) {
+    const Outcome outcome = run({command});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.errors, HasSubstr(file_ + " was not written by this program"));
+  }
+  EXPECT_EQ(contentsOfFile(file_), "QT_PLUGIN_PATH=/mine\n");
 }
 
 TEST_F(PublishingExtension, NeedsToBeToldWhatToDo) {
