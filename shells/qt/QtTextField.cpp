@@ -8,9 +8,11 @@
 namespace publishing {
 
 QtTextField::QtTextField(QLineEdit* field) : QtControl(field), field_(field) {
-  QObject::connect(field, &QLineEdit::textEdited, receiver(),
-                   [this](const QString& text) { guarded([&] { edited(text); }); });
-  // Comes after "textEdited".
+  // What accessibility tools write is changed, but not edited.
+  QObject::connect(field, &QLineEdit::textChanged, receiver(), [this](const QString& text) {
+    if (!isOwn()) guarded([&] { edited(text); });
+  });
+  // Comes after "textChanged".
   QObject::connect(field, &QLineEdit::cursorPositionChanged, receiver(),
                    [this](int, int now) { cursorBefore_ = now; });
 }
