@@ -293,7 +293,7 @@ JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentP
 }
 
 void HostedPanel::showReasons(const DialogPlaces& places) {
-  offerReplacements(*panel_, controls_);
+  offerAgain(*panel_, controls_);
   const std::string against = reasonAgainstFeatures(job_, ticket_, *printer_, places);
   publishing::showReasons(*bundle_, controls_, *panel_, *printer_, against, places);
 }

@@ -16,19 +16,26 @@ std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked
   return shown(marked.option + ": " + marked.choice);
 }
 
+// A medium that picking another one would replace, or that of a feature that is off.
+bool isIdle(const PPDInfo::MarkedChoice& marked, const PublishingSettings& state,
+            const char* mediaOption) {
+  if (marked.option == mediaOption) return true;
+  if (marked.option == kCoverMode.option) return state.covermodeEnableState != 1;
+  return marked.option == kPageInsert.option && state.pageinsertEnableState != 1;
+}
+
 }  // namespace
 
-void offerReplacements(const PublishingPDE& panel, const PanelControls& controls) {
+void offerAgain(const PublishingPDE& panel, const PanelControls& controls) {
   for (const PublishingFeature& feature : kFeatures) {
     PopUpButton& popUp = controls.popUp(feature.popUp);
     for (std::int64_t index = 0; index < popUp.numberOfItems(); ++index) {
       if (popUp.isItemEnabledAtIndex(index)) continue;
       const auto forbidding = panel.choicesForbiddingMedia(feature.option, index);
-      const bool isReplaced =
-          !forbidding.empty() &&
-          std::all_of(forbidding.begin(), forbidding.end(),
-                      [&](const auto& marked) { return marked.option == feature.option; });
-      if (isReplaced) popUp.setItemEnabledAtIndex(index, true);
+      const bool areIdle = std::all_of(
+          forbidding.begin(), forbidding.end(),
+          [&](const auto& marked) { return isIdle(marked, panel.state(), feature.option); });
+      if (!forbidding.empty() && areIdle) popUp.setItemEnabledAtIndex(index, true);
     }
   }
 }
@@ -37,7 +44,7 @@ std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printe
                                const char* mediaOption, std::int64_t index) {
   std::string sides;
   for (const auto& marked : panel.choicesForbiddingMedia(mediaOption, index)) {
-    if (marked.option == mediaOption) continue;
+    if (isIdle(marked, panel.state(), mediaOption)) continue;
     sides += (sides.empty() ? "" : ", ") + describe(printer, marked);
   }
   return sides.empty() ? sides : translated("conflicts with %s", sides);

@@ -10,13 +10,13 @@
 
 namespace publishing {
 
-// Offers the items again that the panel disabled only for a choice of the pop-up's own option: the
-// medium that a user would replace by picking them. To be called after the panel has enabled and
-// disabled its items.
-void offerReplacements(const PublishingPDE& panel, const PanelControls& controls);
+// Offers the items again that the panel disabled for nothing that counts: for the medium that a
+// user would replace by picking them, or for that of a feature that is off. To be called after the
+// panel has enabled and disabled its items.
+void offerAgain(const PublishingPDE& panel, const PanelControls& controls);
 
 // Why the panel does not offer an item of a media pop-up, for a user: "Conflicts with Media Type:
-// Transparency". Empty for an item that it offers, or would but for the medium that it replaces.
+// Transparency". Empty for an item that it offers, or would but for what offerAgain() passes over.
 std::string reasonAgainstMedia(const PublishingPDE& panel, const Printer& printer,
                                const char* mediaOption, std::int64_t index);
 

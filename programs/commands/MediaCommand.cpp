@@ -95,6 +95,7 @@ ExitStatus runMedia(const MediaOptions& options) {
     assignOption(printer, ticket, OptionAssignment::parse(printer, mark));
   printer.mark(ticket);
   PanelUser user(printer, ticket);
+  offerAgain(user.panel(), PanelControls(user.panel()));
   const json report = {{"printer", printer.name()},
                        {"cover", mediaOf(user, printer, kCoverMode)},
                        {"insert", mediaOf(user, printer, kPageInsert)}};

@@ -118,7 +118,7 @@ void PanelUser::requireMedia(const PublishingFeature& feature) const {
 
 void PanelUser::choose(const PublishingFeature& feature, const std::string& wanted) {
   const std::int64_t index = itemOf(feature, wanted);
-  offerReplacements(*panel_, PanelControls(*panel_));
+  offerAgain(*panel_, PanelControls(*panel_));
   HeadlessPopUpButton& popUp = *bundle_->interface()->popUpButton(feature.popUp);
   if (!popUp.isItemEnabledAtIndex(index)) {
     throw PrintError::refused(

@@ -143,6 +143,23 @@ TEST_F(Publishing, ListsMediaWithTheReasonAgainstTheUnavailable) {
   EXPECT_EQ(items[8], json({{"choice", "Tray3"}, {"text", "Tray 3"}, {"allowed", true}}));
 }
 
+// The sample printer's bypass tray takes no cover paper beside it, whichever that is.
+TEST_F(Publishing, OffersTraysThatOnlyTheMediumOfAFeatureThatIsOffForbids) {
+  const json media = json::parse(run({"media", "--ppd", kPPD, "--json"}).output);
+  for (const char* feature : {"cover", "insert"}) {
+    const json& bypass = media[feature]["items"].back();
+    EXPECT_EQ(bypass, json({{"choice", "Bypass"}, {"text", "Bypass Tray"}, {"allowed", true}}));
+  }
+  const auto status = [this](Words options) {
+    options.insert(options.begin(), {"print", "--ppd", kPPD, "--dry-run", "--insert", "2",
+                                     "--insert-media", "Bypass"});
+    options.push_back(document_);
+    return run(options).status;
+  };
+  EXPECT_EQ(status({}), 0);
+  EXPECT_EQ(status({"--cover", "front", "--cover-media", "Leather"}), 1);
+}
+
 class PublishingToAFile : public Publishing {
  protected:
   // The PostScript of a document of three pages for the printer of that PPD.

@@ -20,12 +20,10 @@ ENOUGH_FOR_GROWTH = 10  # dialogs
 SETTLED = 2  # dialogs after which GTK's caches are filled
 NOISE = 512  # bytes for each dialog; one dialog differs from the next by some thousand
 LIBRARIES = ("libprintbackend-publishing.so", "libpublishing-panel.so")
-LOST_BY_LIBRARIES = {
-    # libcups loses some texts with each PPD whose options it marks.
-    "_ppdCacheCreateWithPPD",
-    # fontconfig keeps a font's properties by their distance, which memcheck takes for no pointer.
-    "FcFontRenderPrepare",
-}
+# libcups loses some texts with each PPD whose options it marks.
+LOST_BY_LIBCUPS = "_ppdCacheCreateWithPPD"
+# fontconfig keeps a font's properties by their distance, which memcheck takes for no pointer.
+FONTCONFIG = "libfontconfig.so"
 REMEMBERED = ("--cover", "front-back", "--cover-media", "Thick", "--insert", "5,8,12-14",
               "--insert-media", "Recycled", "--insert-sides", "front", "--remember", "--wait")
 # What the panel must have put into the settings of each dialog, so that it was at work there.
@@ -71,7 +69,9 @@ def has_extension(error):
 
 
 def is_lost_by_libraries(error):
-    return is_loss(error) and any(function in LOST_BY_LIBRARIES for function, _ in stack(error))
+    callers = [frame for frame in stack(error) if not frame[1].startswith("vgpreload")]
+    return is_loss(error) and (callers[0][1].startswith(FONTCONFIG) or
+                               any(function == LOST_BY_LIBCUPS for function, _ in callers))
 
 
 def describe(error):
