@@ -2,6 +2,7 @@
 #include "shells/gtk/dialog/DialogPage.h"
 
 #include <utility>
+#include <vector>
 
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
@@ -96,10 +97,12 @@ GtkWidget* DialogPage::makeFoot() {
   };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   gtk_container_add(GTK_CONTAINER(foot), summary_);
-  for (GtkWidget* button : makeButtons_())
+  std::vector<GtkWidget*> buttons = makeButtons_();
+  buttons.push_back(help);
+  for (GtkWidget* button : buttons) {
+    gtk_widget_set_valign(button, GTK_ALIGN_START);
     gtk_container_add(GTK_CONTAINER(foot), button);
-  gtk_container_add(GTK_CONTAINER(foot), help);
-  gtk_widget_set_valign(help, GTK_ALIGN_START);
+  }
   return foot;
 }
 
