@@ -19,7 +19,7 @@ std::string marked(ppd_file_t* ppd, const char* option) {
   return choice == nullptr ? std::string() : std::string(boundedView(choice->choice));
 }
 
-// Null when the PPD does not have it with that very specification.
+// Null when the PPD does not have it with that very keyword after its name.
 const char* attribute(ppd_file_t* ppd, const char* name, const std::string& spec) {
   for (const ppd_attr_t* found = ppdFindAttr(ppd, name, nullptr); found != nullptr;
        found = ppdFindNextAttr(ppd, name, nullptr)) {
