@@ -10,6 +10,7 @@ _publishing_values() {
     --cover) echo none front front-back ;;
     --cover-sides) echo none front-outside front-inside back-outside back-inside ;;
     --insert-sides) echo none front back ;;
+    --toolkit) echo gtk3 gtk4 qt ;;
   esac
 }
 
@@ -27,7 +28,7 @@ _publishing_options() {
     preset) echo list show save delete export import -d --printer --ppd --sides --preset --cover --cover-media \
       --cover-sides --insert --insert-media --insert-sides --name --force --json --help ;;
     printer) echo enable disable status -d --printer --all --ppd --output --json --help ;;
-    extension) echo enable disable status --system --json --help ;;
+    extension) echo enable disable status --system --toolkit --json --help ;;
     dialog) echo --help ;;
     *) echo print sheets media pages settings preset printer extension dialog --version --help ;;
   esac

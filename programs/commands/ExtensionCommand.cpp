@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "programs/commands/ExtensionCommand.h"
 
+#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,11 +10,9 @@
 #include <nlohmann/json.hpp>
 
 #include "base/Translation.h"
-#include "base/UserFolders.h"
+#include "programs/commands/Arguments.h"
+#include "programs/commands/GtkExtension.h"
 #include "programs/commands/QtExtension.h"
-#include "programs/gtk-settings/GtkSettingsFile.h"
-#include "programs/gtk-settings/GtkSettingsPlaces.h"
-#include "programs/gtk-settings/SettingsChange.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/ExtensionNames.h"
 #include "shells/HostRules.h"
@@ -23,31 +21,14 @@ namespace publishing {
 namespace {
 
 using nlohmann::json;
-using Change = GtkSettingsFile::Change;
 
 struct ExtensionOptions {
   bool system = false;
   bool json = false;
+  std::optional<std::string> toolkit;  // for all when there is none
+
+  [[nodiscard]] bool wants(const char* name) const { return !toolkit || *toolkit == name; }
 };
-
-// What "status" tells, and what the other two tell of besides their change.
-struct State {
-  PrintBackends backends;
-  std::optional<std::string> library;
-  std::optional<std::string> switchedOffBy;
-
-  [[nodiscard]] bool isListed() const { return listsPublishing(backends.list); }
-};
-
-State stateOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
-  State state = {printBackends(places, !options.system), printBackendLibrary(), {}};
-  const HostRules rules = HostRules::load();
-  if (!rules.extension) {
-    state.switchedOffBy =
-        std::getenv(PUBLISHING_SWITCH) != nullptr ? PUBLISHING_SWITCH : shown(rules.file);
-  }
-  return state;
-}
 
 std::string remedyOf(const ExtensionOptions& options) {
   return options.system
@@ -57,140 +38,92 @@ std::string remedyOf(const ExtensionOptions& options) {
              : translated("Make sure that you own it and may write to it; nothing was changed.");
 }
 
-GtkSettingsFile fileOf(const GtkSettingsPlaces& places, const ExtensionOptions& options) {
-  return {options.system ? places.systemFile : places.userFile, remedyOf(options)};
+std::optional<std::string> whatSwitchesOff() {
+  const HostRules rules = HostRules::load();
+  if (rules.extension) return std::nullopt;
+  return std::getenv(PUBLISHING_SWITCH) != nullptr ? PUBLISHING_SWITCH : shown(rules.file);
 }
 
-// Another user's file would become this user's, or the other way round.
-void checkOwner(const GtkSettingsFile& file) {
-  const auto fault = faultOfOwner(std::filesystem::path(file.path()).parent_path());
-  if (!fault) return;
-  throw PrintError::trouble(
-      translated("%s cannot be changed: %s. Check HOME and XDG_CONFIG_HOME; nothing was changed.",
-                 shown(file.path()), *fault));
-}
+// The panel in the programs of each toolkit.
+struct Extensions {
+  explicit Extensions(const ExtensionOptions& options)
+      : gtk3(GtkVersion::Gtk3, options.system, remedyOf(options)),
+        gtk4(GtkVersion::Gtk4, options.system, remedyOf(options)),
+        qt(options.system, remedyOf(options)) {}
 
-std::string nameOf(const PrintBackends& backends) {
-  return backends.file.empty() ? translated("GTK's own setting") : shown(backends.file);
-}
-
-void warnOf(const State& state) {
-  for (const std::string& warning : state.backends.warnings)
-    warn(warning);
-  if (!state.library) {
-    warn(translated("GTK cannot find %s. Install the package %s.", PUBLISHING_BACKEND_LIBRARY,
-                    "publishing-print-dialog"));
+  // Does it with those that are asked for, in this order; the worst status counts.
+  ExitStatus change(const ExtensionOptions& options, const auto& how) {
+    ExitStatus status = kDone;
+    if (options.wants("gtk3")) status = std::max(status, how(gtk3));
+    if (options.wants("gtk4")) status = std::max(status, how(gtk4));
+    if (options.wants("qt")) status = std::max(status, how(qt));
+    return status;
   }
-  if (state.switchedOffBy) {
-    warn(translated("%s still switches the panel off.", *state.switchedOffBy));
-  }
-}
 
-json asJson(const State& state) {
-  const auto orNull = [](const auto& text) { return text ? json(*text) : json(nullptr); };
-  const std::string& file = state.backends.file;
-  return {{"backends", state.backends.list},
-          {"enabled", state.isListed()},
-          {"file", file.empty() ? json(nullptr) : json(file)},
-          {"library", orNull(state.library)},
-          {"switchedOffBy", orNull(state.switchedOffBy)},
-          {"works", state.isListed() && state.library && !state.switchedOffBy}};
-}
+  [[nodiscard]] json asJson() const;
 
-json asJson(const State& state, const QtExtension& qt) {
-  json result = asJson(state);
-  result["toolkits"] = {
+  GtkExtension gtk3;
+  GtkExtension gtk4;
+  QtExtension qt;
+  std::optional<std::string> switchedOffBy = whatSwitchesOff();
+};
+
+// GTK 3 was all that there was: its state stays in the result itself.
+json Extensions::asJson() const {
+  json result = gtk3.asJson();
+  result["switchedOffBy"] = switchedOffBy ? json(*switchedOffBy) : json(nullptr);
+  json toolkits = {
       {"gtk3",
        {{"enabled", result["enabled"]}, {"file", result["file"]}, {"works", result["works"]}}},
+      {"gtk4", gtk4.asJson()},
       {"qt", qt.asJson()}};
-  if (state.switchedOffBy) result["toolkits"]["qt"]["works"] = false;
+  if (switchedOffBy) {
+    result["works"] = false;
+    for (json& toolkit : toolkits)
+      toolkit["works"] = false;
+  }
+  result["toolkits"] = std::move(toolkits);
   return result;
 }
 
-void writeChange(const std::string& file, Change change, const State& state,
-                 const QtExtension& qt) {
-  json result = asJson(state, qt);
-  result["change"] = {{"file", file}, {"what", nameOf(change)}};
-  sayJson(result);
+ExitStatus runChange(const ExtensionOptions& options, Extensions& extensions, const auto& how) {
+  const ExitStatus status = extensions.change(options, how);
+  if (options.json) sayJson(extensions.asJson());
+  (void)extensions.change(options, [&](const auto& extension) {
+    if (!options.json) extension.tell();
+    extension.warnOfFaults();
+    return kDone;
+  });
+  return status;
+}
+
+void warnOfSwitch(const Extensions& extensions) {
+  if (!extensions.switchedOffBy) return;
+  warn(translated("%s still switches the panel off.", *extensions.switchedOffBy));
 }
 
 ExitStatus runEnable(const ExtensionOptions& options) {
-  const auto places = GtkSettingsPlaces::here();
-  const GtkSettingsFile file = fileOf(places, options);
-  State state = stateOf(places, options);
-  Change change = Change::None;
-  if (!state.isListed()) {
-    if (!options.system) checkOwner(file);
-    change = file.enable(inheritedBackends(places, file.path()));
-    state = stateOf(places, options);
-  }
-  QtExtension qt(options.system, remedyOf(options));
-  const ExitStatus qtStatus = qt.enable();
-  if (options.json) {
-    writeChange(file.path(), change, state, qt);
-  } else if (change != Change::None) {
-    say(
-        translated("%s: the print backend \"publishing\" was added. Programs that you start from "
-                   "now on will show the panel in their print dialogs.",
-                   shown(file.path())));
-  } else if (state.isListed()) {
-    say(translated("Nothing to do: %s already lists \"publishing\".", nameOf(state.backends)));
-  }
-  if (!options.json) qt.tell();
-  warnOf(state);
-  qt.warnOfFaults();
-  if (state.isListed()) return qtStatus;
-  warn(
-      translated("%s has another list, which takes precedence: gtk-print-backends=%s. Add "
-                 "\"publishing\" there.",
-                 nameOf(state.backends), shown(state.backends.list)));
-  return kRefused;
+  Extensions extensions(options);
+  const ExitStatus status =
+      runChange(options, extensions, [](auto& extension) { return extension.enable(); });
+  warnOfSwitch(extensions);
+  return status;
 }
 
 ExitStatus runDisable(const ExtensionOptions& options) {
-  const auto places = GtkSettingsPlaces::here();
-  const GtkSettingsFile file = fileOf(places, options);
-  const Change change = file.disable();
-  const State state = stateOf(places, options);
-  QtExtension qt(options.system, remedyOf(options));
-  const ExitStatus qtStatus = qt.disable();
-  if (options.json) {
-    writeChange(file.path(), change, state, qt);
-  } else if (change == Change::Written) {
-    say(translated("%s: the print backend \"publishing\" was removed.", shown(file.path())));
-  } else if (change == Change::Removed) {
-    say(translated("%s was removed: it contained nothing but the print backend \"publishing\".",
-                   shown(file.path())));
-  } else {
-    say(translated("Nothing to do: %s does not list \"publishing\".", shown(file.path())));
-  }
-  if (!options.json) qt.tell();
-  for (const std::string& warning : state.backends.warnings)
-    warn(warning);
-  qt.warnOfFaults();
-  if (!state.isListed()) return qtStatus;
-  warn(options.system
-           ? translated("%s still lists \"publishing\". Remove it there.", nameOf(state.backends))
-           : translated("The panel is still on, because %s lists \"publishing\". To switch it off "
-                        "for all users: sudo publishing extension disable --system. To switch it "
-                        "off for yourself: Extension=false in the group [Dialog] of %s.",
-                        nameOf(state.backends), userConfigFolder() + "/" PUBLISHING_RULES_FILE));
-  return kRefused;
+  Extensions extensions(options);
+  return runChange(options, extensions, [](auto& extension) { return extension.disable(); });
 }
 
 ExitStatus runStatus(const ExtensionOptions& options) {
-  const State state = stateOf(GtkSettingsPlaces::here(), options);
-  const QtExtension qt(options.system, remedyOf(options));
-  if (options.json) {
-    sayJson(asJson(state, qt));
-  } else {
-    say(translated(state.isListed() ? N_("enabled by %s: gtk-print-backends=%s")
-                                    : N_("not enabled by %s: gtk-print-backends=%s"),
-                   nameOf(state.backends), shown(state.backends.list)));
-    if (state.library) say(translated("library: %s", shown(*state.library)));
-    qt.tell();
-  }
-  warnOf(state);
+  Extensions extensions(options);
+  if (options.json) sayJson(extensions.asJson());
+  (void)extensions.change(options, [&](const auto& extension) {
+    if (!options.json) extension.tellState();
+    extension.warnOfFaults();
+    return kDone;
+  });
+  warnOfSwitch(extensions);
   return kDone;
 }
 
@@ -205,6 +138,9 @@ void addExtensionCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = extension->add_subcommand(name, help);
     command->add_flag("--system", options->system, translated("For all users, not just for you"));
     command->add_flag("--json", options->json, translated("Write the result as JSON"));
+    addWord(*command, "--toolkit", options->toolkit, {"gtk3", "gtk4", "qt"},
+            translated("For programs with this toolkit alone: gtk3, gtk4 or qt"))
+        ->type_name("TOOLKIT");
     command->callback([options, run, &status] { status = run(*options); });
   };
   add("enable", translated("Switch the panel on"), runEnable);

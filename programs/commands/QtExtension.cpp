@@ -60,7 +60,7 @@ ExitStatus QtExtension::disable() {
 }
 
 void QtExtension::tell() const {
-  if (!change_) return tellState();
+  if (!change_) return;
   const std::string file = shown(file_.path());
   if (*change_ == Change::Written) {
     say(

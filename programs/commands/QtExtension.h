@@ -22,9 +22,9 @@ class QtExtension {
   ExitStatus enable();
   ExitStatus disable();
 
-  // What was done, or what is the case where nothing was asked to be done, as lines for the user;
-  // what is wrong goes to standard error, also where the first is left out.
+  // What was done, what is the case, as lines for the user; and what is wrong, on standard error.
   void tell() const;
+  void tellState() const;
   void warnOfFaults() const;
 
   [[nodiscard]] nlohmann::json asJson() const;
@@ -35,7 +35,6 @@ class QtExtension {
   // The file that switches it on; empty for none.
   [[nodiscard]] std::string enabledBy() const;
   void test();
-  void tellState() const;
 
   QtPlaces places_;
   bool system_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One settings.ini of GTK 3, in which the extension is switched on and off.
+// One settings.ini of GTK, in which the extension is switched on and off.
 #pragma once
 
 #include <string>

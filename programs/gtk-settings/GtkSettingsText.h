@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The text of a settings.ini of GTK 3, edited without touching a byte that others wrote.
+// The text of a settings.ini of GTK, edited without touching a byte that others wrote.
 #pragma once
 
 #include <cstddef>

@@ -17,6 +17,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::AllOf;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
@@ -152,6 +153,95 @@ TEST_F(PublishingExtension, AFileThatGtkDoesNotReadIsNamedAndKept) {
     EXPECT_EQ(contentsOfFile(userFile_), broken);
   }
   EXPECT_THAT(run({"status"}).errors, HasSubstr("GTK ignores " + userFile_));
+}
+
+// A folder as the package for GTK 4 has it.
+class PublishingGtk4Extension : public PublishingExtension {
+ protected:
+  PublishingGtk4Extension() {
+    std::filesystem::create_directories(module_.parent_path());
+    (void)folder_.file("gtk/4.0.0/printbackends/libprintbackend-publishing.so", "");
+    (void)folder_.file("gtk/4.0.0/printbackends/giomodule.cache",
+                       "libprintbackend-publishing.so: gtk-print-backend\n");
+  }
+
+  [[nodiscard]] json gtk4(const std::vector<std::string>& words,
+                          const std::map<std::string, std::string>& environment = {}) const {
+    return json::parse(run(words, environment).output)["toolkits"]["gtk4"];
+  }
+
+  std::filesystem::path module_ = folder_ / "gtk/4.0.0/printbackends/libprintbackend-publishing.so";
+  std::string file_ = folder_ / "user/gtk-4.0/settings.ini";
+};
+
+TEST_F(PublishingGtk4Extension, IsSwitchedOnInItsOwnSettingsAndOffWithoutATrace) {
+  EXPECT_THAT(run({"status"}).output, HasSubstr("\nGTK 4: not enabled\n"));
+  const Outcome enabled = run({"enable"});
+  EXPECT_EQ(enabled.status, 0) << enabled.errors;
+  EXPECT_EQ(enabled.errors, "");
+  for (const std::string& file : {userFile_, file_})
+    EXPECT_THAT(enabled.output, HasSubstr(file + ": the print backend \"publishing\" was added."));
+  const std::string list = gtk4({"status", "--json"})["backends"];
+  EXPECT_THAT(list, AllOf(HasSubstr("cups"), HasSubstr("file"), EndsWith(",publishing")));
+  EXPECT_THAT(contentsOfFile(file_), HasSubstr("\n[Settings]\ngtk-print-backends=" + list + "\n"));
+  EXPECT_THAT(run({"status"}).output, HasSubstr("\nGTK 4: enabled by " + file_ + "\n"));
+  EXPECT_EQ(gtk4({"status", "--json"}), (json{{"backends", list},
+                                              {"cached", true},
+                                              {"enabled", true},
+                                              {"file", file_},
+                                              {"library", module_},
+                                              {"works", true}}));
+  EXPECT_EQ(gtk4({"enable", "--json"})["change"]["what"], "none");
+  EXPECT_EQ(gtk4({"status", "--json"}, {{"PUBLISHING_EXTENSION", "0"}})["works"], false);
+  EXPECT_THAT(run({"disable"}).output, HasSubstr(file_ + " was removed"));
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "user/gtk-4.0"));
+  EXPECT_THAT(run({"disable"}).output,
+              HasSubstr("Nothing to do: " + file_ + " does not list \"publishing\".\n"));
+}
+
+TEST_F(PublishingGtk4Extension, IsLeftAloneWhereThePackageIsMissing) {
+  (void)run({"enable"});
+  std::filesystem::remove(module_);
+  EXPECT_THAT(run({"status"}).output,
+              HasSubstr("\nGTK 4: not installed (package publishing-gtk4)\n"));
+  EXPECT_EQ(gtk4({"status", "--json"})["works"], false);
+  // What it wrote is taken back all the same.
+  EXPECT_THAT(run({"disable"}).output, HasSubstr(file_ + " was removed"));
+  EXPECT_THAT(run({"enable"}).output, Not(HasSubstr("gtk-4.0")));
+  EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
+TEST_F(PublishingGtk4Extension, AModuleThatGioDoesNotKnowYetIsReported) {
+  EXPECT_EQ(run({"status"}).errors, "");
+  std::filesystem::remove(folder_ / "gtk/4.0.0/printbackends/giomodule.cache");
+  for (const char* command : {"status", "enable"}) {
+    EXPECT_THAT(run({command}).errors,
+                HasSubstr("gio-querymodules " + module_.parent_path().string() + "\n"));
+  }
+  EXPECT_EQ(gtk4({"status", "--json"})["cached"], false);
+}
+
+TEST_F(PublishingGtk4Extension, OneToolkitCanBeNamed) {
+  EXPECT_EQ(run({"enable", "--toolkit", "gtk4"}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(file_));
+  EXPECT_FALSE(std::filesystem::exists(userFile_));
+  EXPECT_EQ(run({"disable", "--toolkit", "gtk3"}).output,
+            "Nothing to do: " + userFile_ + " does not list \"publishing\".\n");
+  EXPECT_EQ(run({"status", "--toolkit", "gtk4"}).output, "GTK 4: enabled by " + file_ + "\n");
+  EXPECT_EQ(run({"disable", "--toolkit", "gtk4"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  EXPECT_EQ(run({"enable", "--toolkit", "gtk2"}).status, 2);
+}
+
+TEST_F(PublishingGtk4Extension, ASystemThatEnablesItIsNamed) {
+  std::filesystem::create_directories(folder_ / "system/gtk-4.0");
+  const std::string system = folder_.file("system/gtk-4.0/settings.ini",
+                                          "[Settings]\ngtk-print-backends=file,publishing\n");
+  EXPECT_THAT(run({"enable"}).output,
+              HasSubstr("Nothing to do: " + system + " already lists \"publishing\".\n"));
+  const Outcome disabled = run({"disable"});
+  EXPECT_EQ(disabled.status, 1);
+  EXPECT_THAT(disabled.errors, HasSubstr("still on, because " + system));
 }
 
 // A folder as the packages for Qt have it; `check` is what looks whether Qt can load the panel.

@@ -15,6 +15,7 @@ namespace publishing {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -66,27 +67,61 @@ TEST_F(GtkSettingsPlacesTest, FilesThatGtkIgnoresAreReportedAndIgnored) {
 }
 
 // Whatever order GTK itself was built with, these two are its own.
-TEST_F(GtkSettingsPlacesTest, GtkIsAskedForItsOwnList) {
-  EXPECT_THAT(GtkSettingsPlaces::here().builtIn, AllOf(HasSubstr("file"), HasSubstr("cups")));
+TEST_F(GtkSettingsPlacesTest, EachGtkIsAskedForItsOwnList) {
+  for (const GtkVersion gtk : {GtkVersion::Gtk3, GtkVersion::Gtk4}) {
+    const GtkSettingsPlaces places = GtkSettingsPlaces::here(gtk);
+    EXPECT_THAT(places.builtIn, AllOf(HasSubstr("file"), HasSubstr("cups")));
+    EXPECT_THAT(places.systemFiles, Contains(places.systemFile));
+  }
+  EXPECT_EQ(GtkSettingsPlaces::here(GtkVersion::Gtk3).systemFile, "/etc/gtk-3.0/settings.ini");
+  EXPECT_EQ(GtkSettingsPlaces::here(GtkVersion::Gtk4).systemFile, "/etc/gtk-4.0/settings.ini");
 }
 
-TEST_F(GtkSettingsPlacesTest, TheLibraryIsSoughtWhereGtkSeeksIt) {
+struct Sought {
+  GtkVersion gtk;
+  const char* folder;     // below GTK_PATH
+  const char* libraries;  // below GTK_EXE_PREFIX
+};
+
+class PrintBackendLibrary : public ::testing::TestWithParam<Sought> {};
+
+TEST_P(PrintBackendLibrary, IsSoughtWhereGtkSeeksIt) {
+  const Sought& sought = GetParam();
   const std::string library = "/printbackends/libprintbackend-publishing.so";
-  for (const char* folder : {"", "/3.0.0"}) {
-    const TemporaryFolder path;
-    g_setenv("GTK_PATH", ("/nowhere:" + path.path()).c_str(), 1);
-    g_setenv("GTK_EXE_PREFIX", path.path().c_str(), 1);
-    EXPECT_EQ(printBackendLibrary(), std::nullopt);
+  const TemporaryFolder path;
+  g_setenv("GTK_PATH", ("/nowhere:" + path.path()).c_str(), 1);
+  g_setenv("GTK_EXE_PREFIX", path.path().c_str(), 1);
+  EXPECT_EQ(printBackendLibrary(sought.gtk), std::nullopt);
+  for (const std::string folder : {sought.libraries, sought.folder}) {
     std::filesystem::create_directories(path.path() + folder + "/printbackends");
     (void)path.file(folder + library, "");
-    EXPECT_EQ(printBackendLibrary(), path.path() + folder + library);
-    g_unsetenv("GTK_PATH");
-    EXPECT_EQ(printBackendLibrary(), std::nullopt);
-    std::filesystem::create_directories(path / "lib/gtk-3.0/3.0.0/printbackends");
-    (void)path.file("lib/gtk-3.0/3.0.0" + library, "");
-    EXPECT_EQ(printBackendLibrary(), path / "lib/gtk-3.0/3.0.0" + library);
-    g_unsetenv("GTK_EXE_PREFIX");
+    EXPECT_EQ(printBackendLibrary(sought.gtk), path.path() + folder + library);
   }
+  g_unsetenv("GTK_PATH");
+  g_unsetenv("GTK_EXE_PREFIX");
+}
+
+INSTANTIATE_TEST_SUITE_P(Gtks, PrintBackendLibrary,
+                         ::testing::Values(Sought{GtkVersion::Gtk3, "/3.0.0", "/lib/gtk-3.0/3.0.0"},
+                                           Sought{GtkVersion::Gtk3, "", "/lib/gtk-3.0/3.0.0"},
+                                           Sought{GtkVersion::Gtk4, "/4.0.0",
+                                                  "/lib/gtk-4.0/4.0.0"}),
+                         [](const auto& one) {
+                           return "Gtk" + std::to_string(static_cast<int>(one.param.gtk)) +
+                                  (*one.param.folder == '\0' ? "WithoutVersion" : "");
+                         });
+
+TEST(ModuleCache, CountsForFilesThatWereThereWhenItWasMade) {
+  const TemporaryFolder folder;
+  const std::string library = folder.file("libprintbackend-publishing.so", "");
+  EXPECT_FALSE(isInModuleCache(library));
+  const std::string other = "libprintbackend-file.so: gtk-print-backend\n";
+  (void)folder.file("giomodule.cache", other);
+  EXPECT_FALSE(isInModuleCache(library));
+  const std::string cache =
+      folder.file("giomodule.cache", other + "libprintbackend-publishing.so: gtk-print-backend\n");
+  EXPECT_TRUE(isInModuleCache(library));
+  EXPECT_FALSE(isInModuleCache(folder / "libprintbackend-other.so"));
 }
 
 }  // namespace
