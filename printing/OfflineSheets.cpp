@@ -77,23 +77,25 @@ std::vector<std::string> sheetFilterCommand(const Printer& printer,
           document.path()};
 }
 
-std::string noteOnSheets(const Printer& printer, const JobTicket::Options& options) {
-  if (!hasSheets(options)) return {};
-  const bool isFiltered =
-      printer.ppd() != nullptr &&
-      (printer.ppd()->hasSheetFilter() ||
-       (!printer.isQueue() && printer.ppd()->takesPostScript() && !filterPath().empty()));
-  if (isFiltered) return {};
-  if (!printer.isQueue()) {
-    return translated(
-        "The covers and inserts are left to the printer's own driver. With the package "
-        "%s they are made here.",
-        kPackage);
-  }
+std::string noteOnDriver(const Printer& queue) {
+  if (queue.ppd() != nullptr && queue.ppd()->hasSheetFilter()) return {};
   return translated(
       "The covers and inserts are left to the driver of %s. If it makes none, an "
       "administrator can add them: publishing printer enable -d %s",
-      printer.name(), printer.name());
+      queue.name(), queue.name());
+}
+
+std::string noteOnSheets(const Printer& printer, const JobTicket::Options& options) {
+  if (!hasSheets(options)) return {};
+  if (printer.isQueue()) return noteOnDriver(printer);
+  const bool isFiltered =
+      printer.ppd() != nullptr && (printer.ppd()->hasSheetFilter() ||
+                                   (printer.ppd()->takesPostScript() && !filterPath().empty()));
+  if (isFiltered) return {};
+  return translated(
+      "The covers and inserts are left to the printer's own driver. With the package "
+      "%s they are made here.",
+      kPackage);
 }
 
 }  // namespace publishing

@@ -25,4 +25,7 @@ std::vector<std::string> sheetFilterCommand(const Printer& printer,
 // them.
 std::string noteOnSheets(const Printer& printer, const JobTicket::Options& options);
 
+// The same for a job with covers or inserts on a queue.
+std::string noteOnDriver(const Printer& queue);
+
 }  // namespace publishing

@@ -192,6 +192,8 @@ void DialogHost::showSheets() {
   std::string text = sentenceOf(sheets);
   for (const std::string& warning : warningsOf(sheets))
     text += '\n' + warning;
+  const std::string note = panel_->noteOnDriver();
+  if (!note.empty()) text += '\n' + note;
   dialog_.showSheets(sheets);
   dialog_.setSummary(text);
 }

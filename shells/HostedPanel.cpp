@@ -9,6 +9,7 @@
 #include <glib.h>
 
 #include "base/Translation.h"
+#include "printing/OfflineSheets.h"
 #include "printing/PrintError.h"
 #include "printing/Remembering.h"
 #include "shells/MediaReason.h"
@@ -290,6 +291,12 @@ JobSheets HostedPanel::sheets(const DialogJob& job, std::optional<int> documentP
   if (!job.pageRanges.empty()) options["page-ranges"] = job.pageRanges;
   if (!job.pageSet.empty()) options["page-set"] = job.pageSet;
   return sheetsOf(options, printer_->ppd(), documentPages);
+}
+
+std::string HostedPanel::noteOnDriver() const {
+  const bool isAnythingOn = std::any_of(std::begin(kFeatures), std::end(kFeatures),
+                                        [this](const auto& feature) { return hasOn(feature); });
+  return isAnythingOn ? publishing::noteOnDriver(*printer_) : std::string();
 }
 
 void HostedPanel::showReasons(const DialogPlaces& places) {

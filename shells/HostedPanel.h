@@ -125,6 +125,10 @@ class HostedPanel {
   // Whether the panel is open and shows the feature switched on.
   [[nodiscard]] bool hasOn(const PublishingFeature& feature) const;
 
+  // That the printer's driver has to make what is on, for the user; empty when nothing is on or the
+  // print server makes it.
+  [[nodiscard]] std::string noteOnDriver() const;
+
   // What reset() took away.
   struct Forgotten {
     PanelWish wish;

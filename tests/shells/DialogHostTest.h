@@ -8,12 +8,14 @@
 #include <gtest/gtest.h>
 
 #include "printing/StoredSettings.h"
+#include "printing/ppd/PPDDocument.h"
 #include "tests/shells/TinyDialog.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace publishing {
 
-// A dialog, two printers with everything that the panel wants, and nothing remembered.
+// A dialog, two printers with everything that the panel wants, and nothing remembered. The queue of
+// the first one makes the covers and inserts, the second one's driver would have to.
 class DialogHostTest : public testing::Test {
  protected:
   DialogHostTest() {
@@ -54,7 +56,8 @@ class DialogHostTest : public testing::Test {
 
   TemporaryFolder folder;
   const std::string office =
-      folder.file("Office.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
+      folder.file("Office.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd") +
+                                    "*cupsFilter: \"" + kSheetType + " 0 -\"\n");
   const std::string studio =
       folder.file("Studio.ppd", contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd"));
   TinyDialog dialog;

@@ -12,6 +12,7 @@ namespace publishing {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -81,6 +82,19 @@ TEST_F(DialogHostTest, SheetsFollowEveryGesture) {
   box("CmCheckBox").click();
   box("PiCheckBox").click();
   EXPECT_EQ(sheetsIn(dialog.sheets()), "B1|2 B3|4 B5|6 B7|8");
+}
+
+TEST_F(DialogHostTest, SaysThatTheDriverHasToMakeTheCovers) {
+  const std::string note = "\nThe covers and inserts are left to the driver of " + studio +
+                           ". If it makes none, an administrator can add them: "
+                           "publishing printer enable -d " +
+                           studio;
+  choose(studio);
+  EXPECT_EQ(dialog.summary(), "No covers and no inserts.");
+  box("CmCheckBox").click();
+  EXPECT_THAT(dialog.summary(), EndsWith(note));
+  box("CmCheckBox").click();
+  EXPECT_EQ(dialog.summary(), "No covers and no inserts.");
 }
 
 TEST_F(DialogHostTest, SheetsFollowTheDialogsOwnTabs) {
