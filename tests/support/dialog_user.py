@@ -83,10 +83,19 @@ class User:
 
     def press(self, name):
         """Clicks a button with the mouse: what it opens may run inside the click."""
-        button = self.find("push button", name)
-        place = Atspi.Component.get_extents(button, Atspi.CoordType.SCREEN)
-        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2),
-                        str(place.y + place.height // 2), "click", "1"], check=True)
+        self.click(self.find("push button", name))
+
+    def click(self, node):
+        """Clicks in the middle of what is shown, once it has its place: windows grow while they open."""
+        places = []
+
+        def place_is_steady():
+            place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+            places.append((place.x + place.width // 2, place.y + place.height // 2))
+            showing = node.get_state_set().contains(Atspi.StateType.SHOWING)
+            return showing and len(places) >= 5 and len(set(places[-5:])) == 1
+        wait_for(f"“{node.get_name()}” to stay in its place", place_is_steady, self.describe)
+        subprocess.run(["xdotool", "mousemove", *map(str, places[-1]), "click", "1"], check=True)
 
     def tick(self, name):
         self.act("check box", name)
@@ -153,6 +162,8 @@ class Program(User):
 
     def __init__(self, command, log, environment=None, folder=None):
         self.log = log
+        # The accessibility bus is there before the program looks for it.
+        Atspi.get_desktop(0).get_child_count()
         with open(log, "a", encoding="utf-8") as errors:
             self.process = subprocess.Popen(command, stdout=errors, stderr=errors, cwd=folder,
                                             env={**os.environ, **(environment or {})})
@@ -164,6 +175,7 @@ class Program(User):
             application = desktop.get_child_at_index(index)
             if application and application.get_process_id() == self.process.pid:
                 return application
+        desktop.clear_cache()  # news of a program that comes just now can be missed
         return None
 
     def windows(self):
@@ -226,4 +238,4 @@ class PrintServer(print_server.PrintServer):
     def job(self, number):
         """The folder of the job that arrived as the number-th, from 1."""
         return wait_for(f"job {number} at the printer",
-                        lambda: self.jobs()[number - 1:number])[0]
+                        lambda: self.jobs()[number - 1:number], lambda: self.log_of(number))[0]

@@ -33,12 +33,6 @@ class QtUser(User):
         wait_for(f"“{item}” in “{box_label}”", lambda: self.picked(box_label) == item,
                  self.describe)
 
-    @staticmethod
-    def click(node):
-        place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-        subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2),
-                        str(place.y + place.height // 2), "click", "1"], check=True)
-
 
 class Desk:
     def __init__(self, build, project, version, folder):
@@ -69,6 +63,8 @@ def dialog_of(program, title="Stranger 1"):
     user = QtUser(dialog.root, dialog.describe)
     user.act("push button", "Options >>")
     user.find("page tab", "Copies")
+    # Qt asks the server while the dialog opens; without an answer in time it would print to a file.
+    wait_for("the printer Office", lambda: user.picked("Name:") == "Office", user.describe)
     return user
 
 
