@@ -130,8 +130,8 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
   }
   const DialogJob job = dialog_.job();
   // A panel that is still asking something may outlast the host.
-  const auto changed = [this, life = std::weak_ptr(life_)] {
-    if (!life.expired()) gestureMade();
+  const auto changed = [this, life = std::weak_ptr(life_)](const std::string& outlet) {
+    if (!life.expired()) gestureMade(outlet);
   };
   panel_ = std::make_shared<HostedPanel>(std::move(printer), job, dialog_.makeBundle(), changed);
   dialog_.offerPanel(panel_->name());
@@ -173,9 +173,9 @@ void DialogHost::giveMedia(bool byUser) {
   }
 }
 
-void DialogHost::gestureMade() {
+void DialogHost::gestureMade(const std::string& outlet) {
   if (panel_ == nullptr) return;
-  panel_->noteGesture();
+  panel_->noteGesture(outlet);
   panelChanged();
 }
 

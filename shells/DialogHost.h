@@ -62,7 +62,7 @@ class DialogHost {
   bool openPanel();
   // Shows the panel's media in the dialog's own tabs.
   void giveMedia(bool byUser);
-  void gestureMade();
+  void gestureMade(const std::string& outlet);
   void panelChanged();
   // Says and draws what would come out.
   void showSheets();

@@ -13,9 +13,12 @@ namespace publishing {
 // A shell's bundle as a host needs it: it tells of the user's gestures and explains controls.
 class HostBundle : public Bundle {
  public:
-  // `changed` is called after each gesture by which the user changed a control, when the panel has
-  // dealt with it; never for a change from code. Applies to interfaces that are loaded from now on.
-  virtual void setUserChanged(std::function<void()> changed) = 0;
+  using UserChanged = std::function<void(const std::string& outlet)>;
+
+  // `changed` is called with a control's name after each gesture by which the user changed it, when
+  // the panel has dealt with it; never for a change from code. Applies to interfaces that are
+  // loaded from now on.
+  virtual void setUserChanged(UserChanged changed) = 0;
 
   // What the control of the interface loaded last says when it is pointed at; empty for nothing.
   // `outlet` is the name of one of its controls.

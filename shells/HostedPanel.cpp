@@ -38,7 +38,7 @@ void dropIndexes(JobTicket& ticket) {
 }  // namespace
 
 HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
-                         std::shared_ptr<HostBundle> bundle, std::function<void()> changed)
+                         std::shared_ptr<HostBundle> bundle, HostBundle::UserChanged changed)
     : printer_(std::move(printer)),
       ticket_(printer_->newTicket()),
       bundle_(std::move(bundle)),
@@ -149,9 +149,25 @@ void HostedPanel::showWish() {
   ticket_ = job;
 }
 
-void HostedPanel::noteGesture() {
+void HostedPanel::noteGesture(const std::string& outlet) {
+  const bool hadCovers = wish_.isOn(kCoverMode);
+  const auto sides = wish_.coverSides();
   if (wish_.note(*panel_, controls_)) showWish();
   keepsInserts_ = keepsInserts_ && !wish_.isOn(kPageInsert);
+  const bool isFirstTime = !hadCovers && !sides;
+  // The panel clears the sides for each click on a kind of covers, the one that is chosen included.
+  const bool lostSides = outlet == outlet::CmFrontandBackMatrix && sides.value_or(0) != 0;
+  if (isFirstTime || lostSides) startCovers();
+}
+
+void HostedPanel::startCovers() {
+  if (!isShownOn(kCoverMode)) return;
+  for (const char* side : {outlet::CmFrontOutside, outlet::CmFrontInside, outlet::CmBackOutside,
+                           outlet::CmBackInside}) {
+    if (controls_.checkBox(side).state() == 1) return;
+  }
+  controls_.checkBox(outlet::CmFrontOutside).setState(1);
+  static_cast<void>(wish_.note(*panel_, controls_));
 }
 
 bool HostedPanel::isShownOn(const PublishingFeature& feature) const {
@@ -179,6 +195,11 @@ void HostedPanel::pick(const PublishingFeature& feature, const std::string& medi
   if (isForbidden(feature)) return;
   const bool wantsNothing = medium == kNone || medium == media_.at(feature.option).nothing;
   if (wantsNothing && !isShownOn(feature)) return;
+  const bool switchesOn = medium != kNone && !isShownOn(feature);
+  if (switchesOn) {
+    controls_.switchTo(controls_.checkBox(feature.checkBox), true, feature.action);
+    noteGesture(feature.checkBox);
+  }
   wish_.switchTo(feature, medium != kNone);
   setMedium(feature, medium);
   showWish();

@@ -35,7 +35,7 @@ class HostedPanel {
   // `job` is what the dialog says of a job that the user has not touched yet; `changed` is called
   // after each gesture of the user in the panel.
   HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
-              std::shared_ptr<HostBundle> bundle, std::function<void()> changed);
+              std::shared_ptr<HostBundle> bundle, HostBundle::UserChanged changed);
   HostedPanel(const HostedPanel&) = delete;
   HostedPanel& operator=(const HostedPanel&) = delete;
 
@@ -69,8 +69,10 @@ class HostedPanel {
   // of it and the job allows.
   void follow(const DialogJob& job);
 
-  // Takes over what the user did in the panel. To be called after each gesture.
-  void noteGesture();
+  // Takes over what the user did in the panel. To be called after each gesture, with the name of
+  // its control. Covers that begin without a side get the front's outside: nobody wants a blank
+  // cover before having said so.
+  void noteGesture(const std::string& outlet);
 
   // Picks the media that the user chose in the dialog's own tabs, and switches their features on,
   // or off for "None": media of the panel's options that differ from what the dialog showed last.
@@ -167,6 +169,7 @@ class HostedPanel {
   [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
   void setMedium(const PublishingFeature& feature, const std::string& medium);
   void pick(const PublishingFeature& feature, const std::string& medium);
+  void startCovers();
 
   std::unique_ptr<Printer> printer_;
   JobTicket ticket_;

@@ -22,6 +22,7 @@ constexpr std::initializer_list<Side> kInsertSides = {{outlet::PiPrintOnFront, k
                                                       {outlet::PiPrintOnBack, kPrintOnBack}};
 
 constexpr std::int64_t kBothCovers = 2;
+constexpr std::int64_t kAllCoverSides = kFrontOutside | kFrontInside | kBackOutside | kBackInside;
 
 // The sides that are ticked, and of those that cannot be ticked now the ones wanted before.
 std::int64_t wantedSides(std::initializer_list<Side> sides, const PanelControls& controls,
@@ -91,6 +92,11 @@ void PanelWish::noteInserts(const PublishingSettings& state, const PanelControls
   values_[kPageinsertValue] = std::to_string(sides);
   values_[kPiIndex] = std::to_string(state.piIndex);
   values_[kPageinsertNums] = state.pageNumValue.value_or("");
+}
+
+std::optional<std::int64_t> PanelWish::coverSides() const {
+  if (!values_.contains(kCoverModeValue)) return std::nullopt;
+  return number(kCoverModeValue) & kAllCoverSides;
 }
 
 void PanelWish::setMedium(const PublishingFeature& feature, std::size_t index) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "Publishing/PublishingFeatures.h"
@@ -30,6 +31,9 @@ class PanelWish {
   // sides that one-sided printing cannot reach. True when a feature was switched on, whose controls
   // do not show the rest of the wish yet.
   [[nodiscard]] bool note(PublishingPDE& panel, const PanelControls& controls);
+
+  // The cover sides that are to be printed, as bits; nothing when nobody has said so far.
+  [[nodiscard]] std::optional<std::int64_t> coverSides() const;
 
   // The medium by its index. Switches nothing on.
   void setMedium(const PublishingFeature& feature, std::size_t index);

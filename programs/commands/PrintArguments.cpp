@@ -86,8 +86,8 @@ void addPanelOptions(CLI::App& command, PrintArguments& arguments) {
           translated("The covers' medium, by keyword or text (see: publishing media)"))
       ->type_name("CHOICE");
   addWords(command, "--cover-sides", panel.coverSides, wordsOf(kCoverSideWords),
-           translated("Cover sides to print: front-outside, front-inside, back-outside, "
-                      "back-inside, or none"));
+           translated("Cover sides to print: front-outside (if nothing is said), front-inside, "
+                      "back-outside, back-inside, or none for blank covers"));
   addText(command, "--insert", panel.insert,
           translated("Pages before which a sheet is inserted, as in 5,8,12-14, or none"))
       ->type_name("LIST");

@@ -33,7 +33,7 @@ class GtkBundle final : public HostBundle {
   std::int32_t gotoHelpPage(const std::string& bookName) override;
 
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
-  void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
   void setAlertDetail(const std::string& detail) override { alertPanel_.setDetail(detail); }
   void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
@@ -48,7 +48,7 @@ class GtkBundle final : public HostBundle {
   std::string path_;
   std::string helpPage_;
   GtkAlertPanel alertPanel_;
-  std::function<void()> changed_;
+  UserChanged changed_;
   std::vector<std::unique_ptr<GtkInterface>> interfaces_;
 };
 

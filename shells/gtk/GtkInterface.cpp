@@ -132,8 +132,12 @@ void GtkInterface::forEachControl(Function function) {
     function(name, *field);
 }
 
-void GtkInterface::setUserChanged(const std::function<void()>& changed) {
-  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+void GtkInterface::setUserChanged(const std::function<void(const std::string& outlet)>& changed) {
+  forEachControl([&](const std::string& name, auto& control) {
+    control.setUserChanged([changed, name] {
+      if (changed) changed(name);
+    });
+  });
 }
 
 void GtkInterface::setTooltip(std::string_view name, const std::string& text) {

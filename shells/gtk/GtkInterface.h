@@ -42,7 +42,7 @@ class GtkInterface {
   [[nodiscard]] GtkTabView* tabView(std::string_view name);
 
   // Called after each gesture by which the user changed a control.
-  void setUserChanged(const std::function<void()>& changed);
+  void setUserChanged(const std::function<void(const std::string& outlet)>& changed);
 
   // Bytes that are not UTF-8 are shown as U+FFFD; empty for none. Nothing happens when there is no
   // control of this name.

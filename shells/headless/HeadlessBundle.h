@@ -27,7 +27,7 @@ class HeadlessBundle final : public HostBundle, private AlertPanel {
   bool registerHelpBook() override { return false; }
   std::int32_t gotoHelpPage(const std::string& /*bookName*/) override { return kNoHelpViewer; }
   [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
-  void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
   void setAlertDetail(const std::string& detail) override { alertDetail_ = detail; }
   void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
@@ -43,7 +43,7 @@ class HeadlessBundle final : public HostBundle, private AlertPanel {
 
   Alert alert_;
   std::string alertDetail_;
-  std::function<void()> changed_;
+  UserChanged changed_;
   std::vector<std::unique_ptr<HeadlessInterface>> interfaces_;
 };
 

@@ -85,8 +85,13 @@ void HeadlessInterface::forEachControl(Function function) {
     function(name, field);
 }
 
-void HeadlessInterface::setUserChanged(const std::function<void()>& changed) {
-  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+void HeadlessInterface::setUserChanged(
+    const std::function<void(const std::string& outlet)>& changed) {
+  forEachControl([&](const std::string& name, auto& control) {
+    control.setUserChanged([changed, name] {
+      if (changed) changed(name);
+    });
+  });
 }
 
 void HeadlessInterface::setTooltip(std::string_view name, const std::string& text) {

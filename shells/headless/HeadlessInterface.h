@@ -30,7 +30,7 @@ class HeadlessInterface {
   [[nodiscard]] HeadlessTabView& tabView() { return tabView_; }
 
   // Called after each gesture of the user on a control.
-  void setUserChanged(const std::function<void()>& changed);
+  void setUserChanged(const std::function<void(const std::string& outlet)>& changed);
 
   // Nothing happens when there is no control of this name.
   void setTooltip(std::string_view name, const std::string& text);

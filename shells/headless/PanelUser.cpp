@@ -54,14 +54,7 @@ void PanelUser::apply(const PanelRequest& request) {
 }
 
 void PanelUser::applyCover(const PanelRequest& request) {
-  if (request.cover) {
-    if (*request.cover != kNone) requireMedia(kCoverMode);
-    switchFeature(kCoverMode, *request.cover != kNone);
-    HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix(outlet::CmFrontandBackMatrix);
-    const std::int64_t column = *request.cover == "front-back" ? 1 : 0;
-    // A click on the selected cell would untick its sides.
-    if (*request.cover != kNone && covers.selectedColumn() != column) covers.click(column);
-  }
+  if (request.cover) chooseCover(*request.cover);
   if (!request.coverMedia && !request.coverSides) return;
   if (panel_->state().covermodeEnableState != 1) {
     throw PrintError::usage(
@@ -75,6 +68,27 @@ void PanelUser::applyCover(const PanelRequest& request) {
           {"back-outside", outlet::CmBackOutside, kNeedsBoth},
           {"back-inside", outlet::CmBackInside, kNeedsBackCover}},
          *request.coverSides);
+  }
+}
+
+// Covers begin, and become of another kind, with the front's outside printed, as in a print dialog;
+// but those that were left blank stay so.
+void PanelUser::chooseCover(const std::string& cover) {
+  if (cover == kNone) return switchFeature(kCoverMode, false);
+  requireMedia(kCoverMode);
+  panel_->updateSettings();
+  const PublishingSettings before = panel_->state();
+  switchFeature(kCoverMode, true);
+  HeadlessRadioMatrix& covers = *bundle_->interface()->radioMatrix(outlet::CmFrontandBackMatrix);
+  const std::int64_t column = cover == "front-back" ? 1 : 0;
+  // A click on the selected cell would untick its sides.
+  const bool isAnother = covers.selectedColumn() != column;
+  if (isAnother) covers.click(column);
+  const bool begins = before.covermodeEnableState != 1;
+  const bool wasBlank =
+      before.covermodeValue == kNoSideOfFrontCover || before.covermodeValue == kNoSideOfBothCovers;
+  if (begins || (isAnother && !wasBlank)) {
+    bundle_->interface()->checkBox(outlet::CmFrontOutside)->click();
   }
 }
 

@@ -16,10 +16,12 @@ namespace publishing {
 
 // What a user wants of the panel; what is not there stays as it is.
 struct PanelRequest {
-  std::optional<std::string> cover;                    // "none", "front" or "front-back"
-  std::optional<std::string> coverMedia;               // a choice's keyword or text
-  std::optional<std::vector<std::string>> coverSides;  // "front-outside" ...; "none" is no side
-  std::optional<std::string> insert;                   // a page list, or "none"
+  std::optional<std::string> cover;       // "none", "front" or "front-back"
+  std::optional<std::string> coverMedia;  // a choice's keyword or text
+  // "front-outside" ...; "none" is no side. Without it, covers that begin or become of another kind
+  // have the front's outside printed.
+  std::optional<std::vector<std::string>> coverSides;
+  std::optional<std::string> insert;  // a page list, or "none"
   std::optional<std::string> insertMedia;
   std::optional<std::vector<std::string>> insertSides;  // "front", "back"; "none" is no side
 };
@@ -49,6 +51,7 @@ class PanelUser {
   struct Side;
 
   void applyCover(const PanelRequest& request);
+  void chooseCover(const std::string& cover);
   void applyInsert(const PanelRequest& request);
   void switchFeature(const PublishingFeature& feature, bool on);
   void requireMedia(const PublishingFeature& feature) const;

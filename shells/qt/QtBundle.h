@@ -31,7 +31,7 @@ class QtBundle final : public HostBundle {
   std::int32_t gotoHelpPage(const std::string& bookName) override;
 
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
-  void setUserChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
+  void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
   void setAlertDetail(const std::string& detail) override { alertPanel_.setDetail(detail); }
   void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
@@ -46,7 +46,7 @@ class QtBundle final : public HostBundle {
   std::string path_;
   std::string helpPage_;
   QtAlertPanel alertPanel_;
-  std::function<void()> changed_;
+  UserChanged changed_;
   std::vector<std::unique_ptr<QtInterface>> interfaces_;
 };
 

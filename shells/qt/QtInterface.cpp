@@ -125,8 +125,12 @@ void QtInterface::forEachControl(Function function) {
     function(name, *field);
 }
 
-void QtInterface::setUserChanged(const std::function<void()>& changed) {
-  forEachControl([&](const std::string&, auto& control) { control.setUserChanged(changed); });
+void QtInterface::setUserChanged(const std::function<void(const std::string& outlet)>& changed) {
+  forEachControl([&](const std::string& name, auto& control) {
+    control.setUserChanged([changed, name] {
+      if (changed) changed(name);
+    });
+  });
 }
 
 void QtInterface::setTooltip(std::string_view name, const std::string& text) {

@@ -39,7 +39,6 @@ class DialogHostTest : public testing::Test {
     box("CmCheckBox").click();
     dialog.panel().radioMatrix("CmFrontandBackMatrix")->click(1);
     popUp("CmMediaType").choose(4);
-    box("CmFrontOutside").click();
     box("CmBackOutside").click();
     box("PiCheckBox").click();
     dialog.panel().textField("PiPageNum")->type("4-6,9");

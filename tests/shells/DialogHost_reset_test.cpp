@@ -21,8 +21,9 @@ class DialogResetTest : public DialogHostTest {
   void rememberCovers(const std::string& printer) {
     choose(printer);
     box("CmCheckBox").click();
+    covers().click(1);
     popUp("CmMediaType").choose(5);
-    box("CmFrontOutside").click();
+    box("CmBackInside").click();
     ASSERT_TRUE(dialog.print());
     ASSERT_THAT(stored(printer), Not(IsEmpty()));
   }
@@ -59,7 +60,8 @@ TEST_F(DialogResetTest, ResetSwitchesOffAndForgets) {
   EXPECT_EQ(dialog.outsideTab(), "");
   box("CmCheckBox").click();
   EXPECT_EQ(popUp("CmMediaType").indexOfSelectedItem(), 0);
-  EXPECT_EQ(box("CmFrontOutside").state(), 0);
+  EXPECT_EQ(covers().selectedColumn(), 0);
+  EXPECT_EQ(box("CmBackInside").state(), 0);
   box("CmCheckBox").click();
   ASSERT_TRUE(dialog.print());
   EXPECT_EQ(dialog.handedOver["VtCoverModeState"], "Off");
@@ -82,6 +84,7 @@ TEST_F(DialogResetTest, ResetCanBeUndoneWhileTheDialogLasts) {
   EXPECT_EQ(box("CmCheckBox").state(), 1);
   EXPECT_EQ(popUp("CmMediaType").indexOfSelectedItem(), 5);
   EXPECT_EQ(box("CmFrontOutside").state(), 1);
+  EXPECT_EQ(box("CmBackInside").state(), 1);
   EXPECT_EQ(pages().stringValue(), "5,8");
   EXPECT_EQ(stored(office), before);
 }

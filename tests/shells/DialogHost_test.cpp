@@ -51,7 +51,6 @@ TEST_F(DialogHostTest, JobGetsWhatThePanelSaved) {
   choose(office);
   box("CmCheckBox").click();
   popUp("CmMediaType").choose(4);
-  box("CmFrontOutside").click();
   EXPECT_EQ(dialog.summary(), "Front cover on Coated Paper, page 1 outside.");
   EXPECT_EQ(dialog.choice("CoverMediaType"), "Coated");
   ASSERT_TRUE(dialog.print());

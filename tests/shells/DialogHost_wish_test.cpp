@@ -27,7 +27,7 @@ class DialogHostWishTest : public DialogHostTest {
     box("CmCheckBox").click();
     covers().click(1);
     popUp("CmMediaType").choose(4);
-    for (const char* side : {"CmFrontOutside", "CmFrontInside", "CmBackOutside"})
+    for (const char* side : {"CmFrontInside", "CmBackOutside"})
       box(side).click();
     box("PiCheckBox").click();
     popUp("PiMediaType").choose(2);
@@ -120,7 +120,7 @@ TEST_F(DialogHostWishTest, WhatTheUserChangesMeanwhileCounts) {
   EXPECT_EQ(box("CmFrontInside").state(), 1);
   EXPECT_EQ(box("CmBackInside").state(), 1);
   EXPECT_EQ(pages().stringValue(), "7");
-  // Another kind of cover begins without sides.
+  // Another kind of cover begins with other sides.
   dialog.change(oneSided);
   covers().click(0);
   dialog.change(twoSided);

@@ -17,7 +17,6 @@ void chooseCovers(PrintDialogUser& user) {
   user.openTab("Publishing");
   user.click("CmCheckBox");
   user.click("CmFrontAndBackCell");
-  user.click("CmFrontOutside");
   user.click("CmBackInside");
   user.pick("CmMediaType", 5);
 }

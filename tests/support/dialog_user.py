@@ -99,7 +99,10 @@ class User:
 
     def tick(self, name):
         self.act("check box", name)
-        wait_for(f"the tick of “{name}”", lambda: self.is_checked("check box", name))
+        self.wait_for_tick(name)
+
+    def wait_for_tick(self, name):
+        wait_for(f"the tick of “{name}”", lambda: self.is_checked("check box", name), self.describe)
 
     def is_checked(self, role, name):
         return self.find(role, name).get_state_set().contains(Atspi.StateType.CHECKED)

@@ -19,7 +19,7 @@ def choose(dialog, pages):
     dialog.open_tab("Publishing")
     dialog.tick(TICKS[0])
     dialog.act("radio button", "Front and back covers")
-    dialog.tick(TICKS[1])
+    dialog.wait_for_tick(TICKS[1])
     dialog.pick("Cover paper:", "Thick Paper (épais)")
     dialog.open_tab("Page Insert")
     dialog.tick(TICKS[2])

@@ -124,6 +124,54 @@ TEST_F(Publishing, OffersTraysThatOnlyTheMediumOfAFeatureThatIsOffForbids) {
   EXPECT_EQ(status({"--cover", "front", "--cover-media", "Leather"}), 1);
 }
 
+TEST_F(Publishing, CoversWithoutSidesHaveTheFrontsOutside) {
+  struct Case {
+    Words words;
+    const char* kind;
+    const char* value;
+  };
+  const Case cases[] = {
+      {{"--cover", "front"}, "1", "1"},
+      {{"--cover", "front-back"}, "2", "1"},
+      {{"--cover", "front", "--cover-media", "Leather"}, "1", "1"},
+      {{"--cover", "front", "--cover-sides", "none"}, "1", "16"},
+      {{"--cover", "front-back", "--cover-sides", "none"}, "2", "32"},
+      {{"--cover", "front-back", "--cover-sides", "back-inside"}, "2", "8"},
+  };
+  for (const Case& check : cases) {
+    Words words = check.words;
+    words.push_back(document_);
+    const Outcome outcome = dryRun(words);
+    ASSERT_EQ(outcome.status, 0) << outcome.errors;
+    const json options = json::parse(outcome.output)["options"];
+    EXPECT_EQ(options["VtCovermodeRadioButtonState"], check.kind) << check.words.back();
+    EXPECT_EQ(options["VtCoverModeValue"], check.value) << check.words.back();
+  }
+}
+
+// What a preset says of the sides counts; another kind of cover begins with the front's outside.
+TEST_F(Publishing, CoversOfAPresetKeepTheirSides) {
+  const auto value = [this](const char* preset, Words words) -> std::string {
+    words.insert(words.begin(), {"--preset", preset});
+    words.push_back(document_);
+    const Outcome outcome = dryRun(words);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    return json::parse(outcome.output)["options"]["VtCoverModeValue"];
+  };
+  ASSERT_EQ(run({"preset", "save", "Back", "--ppd", kPPD, "--cover", "front-back", "--cover-sides",
+                 "back-inside"})
+                .status,
+            0);
+  ASSERT_EQ(
+      run({"preset", "save", "Blank", "--ppd", kPPD, "--cover", "front", "--cover-sides", "none"})
+          .status,
+      0);
+  EXPECT_EQ(value("Back", {"--cover", "front-back"}), "8");
+  EXPECT_EQ(value("Back", {"--cover", "front"}), "1");
+  EXPECT_EQ(value("Blank", {"--cover", "front"}), "16");
+  EXPECT_EQ(value("Blank", {"--cover", "front-back"}), "32");
+}
+
 TEST_F(Publishing, DryRunReportsStateAndJob) {
   const Outcome outcome =
       dryRun({"--sides", "two-sided-long-edge", "--cover", "front-back", "--cover-media", "Coated",

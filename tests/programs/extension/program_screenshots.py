@@ -36,7 +36,7 @@ def choose_covers(dialog):
     dialog.open_tab("Publishing")
     dialog.tick("Add covers to the document")
     dialog.act("radio button", "Front and back covers")
-    dialog.tick("Outside of the front cover")
+    dialog.wait_for_tick("Outside of the front cover")
     dialog.pick("Cover paper:", "Heavy Paper")
 
 

@@ -9,7 +9,11 @@ using testing::SizeIs;
 
 TEST_P(ShellConformance, HostHearsOfEachGestureAfterThePanel) {
   std::vector<std::size_t> actionsBefore;
-  bundle().setUserChanged([&] { actionsBefore.push_back(owner().sent.size()); });
+  std::vector<std::string> names;
+  bundle().setUserChanged([&](const std::string& outlet) {
+    actionsBefore.push_back(owner().sent.size());
+    names.push_back(outlet);
+  });
   load();
   popUp("PiMediaType").addItemsWithTitles({"Plain", "Thick"});
   user().click("CmFrontOutside");
@@ -19,17 +23,22 @@ TEST_P(ShellConformance, HostHearsOfEachGestureAfterThePanel) {
   user().type("5");
   EXPECT_GE(actionsBefore.size(), 3U);
   EXPECT_THAT(actionsBefore, Each(0U));
+  EXPECT_EQ(names.front(), "CmFrontOutside");
+  EXPECT_EQ(names.back(), "PiPageNum");
 
   actionsBefore.clear();
+  names.clear();
   user().click("PiCheckBox");
   user().clickRadioCell(1);
   user().clickRadioCell(1);
   EXPECT_THAT(actionsBefore, testing::ElementsAre(1, 2, 3));
+  EXPECT_THAT(names,
+              testing::ElementsAre("PiCheckBox", "CmFrontandBackMatrix", "CmFrontandBackMatrix"));
 }
 
 TEST_P(ShellConformance, HostHearsNothingOfChangesFromCode) {
   int changes = 0;
-  bundle().setUserChanged([&] { ++changes; });
+  bundle().setUserChanged([&](const std::string&) { ++changes; });
   load();
   box("CmFrontOutside").setState(1);
   matrix().setAllowsEmptySelection(true);
@@ -47,7 +56,7 @@ TEST_P(ShellConformance, HostHearsNothingOfChangesFromCode) {
 
 TEST_P(ShellConformance, HostHearsNothingOfGesturesThatDoNothing) {
   int changes = 0;
-  bundle().setUserChanged([&] { ++changes; });
+  bundle().setUserChanged([&](const std::string&) { ++changes; });
   load();
   popUp("CmMediaType").addItemsWithTitles({"Plain", "Thick"});
   popUp("CmMediaType").setItemEnabledAtIndex(1, false);
@@ -75,7 +84,7 @@ TEST_P(ShellConformance, AlertsHaveTheHostsDetailBelowTheMessage) {
 
 TEST_P(ShellConformance, RevealedTextIsNoGesture) {
   int changes = 0;
-  bundle().setUserChanged([&] { ++changes; });
+  bundle().setUserChanged([&](const std::string&) { ++changes; });
   load();
   pageField().setStringValue("5,8");
   bundle().revealText("PiPageNum", 2, 1);

@@ -152,7 +152,6 @@ TEST_F(QtPrintDialogHostTest, JobCarriesWhatThePanelSavedAfterARefusal) {
   ASSERT_TRUE(user.button(outlet::CmCheckBox));
   user.button(outlet::CmCheckBox)->click();
   user.button("CmFrontAndBackCell")->click();
-  user.button(outlet::CmFrontOutside)->click();
   pickItem(user.menu(outlet::CmMediaType), 4);
   user.button(outlet::PiCheckBox)->click();
   pickItem(user.menu(outlet::PiMediaType), 2);

@@ -86,7 +86,6 @@ TEST_F(PrintDialogHostTest, JobCarriesWhatThePanelSaved) {
   user.openTab("Publishing");
   user.click("CmCheckBox");
   user.click("CmFrontAndBackCell");
-  user.click("CmFrontOutside");
   user.pick("CmMediaType", 4);
   user.click("PiCheckBox");
   user.type("5,8,12-14");
@@ -185,7 +184,6 @@ TEST_F(PrintDialogHostTest, SettingsAreKeptForEachQueue) {
     user.choosePrinter("Office");
     user.click("CmCheckBox");
     user.pick("CmMediaType", 3);
-    user.click("CmFrontOutside");
     ASSERT_TRUE(user.print());
   }
   PrintDialogUser user;

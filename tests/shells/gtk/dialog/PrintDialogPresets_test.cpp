@@ -46,7 +46,6 @@ class PrintDialogPresetsTest : public testing::Test {
     user.openTab("Publishing");
     user.click("CmCheckBox");
     user.pick("CmMediaType", 4);
-    user.click("CmFrontOutside");
   }
 
   // The next question for a name gets these, one after the other, each with the default button.
