@@ -2,24 +2,16 @@
 #include "shells/gtk/GtkAlertPanel.h"
 
 #include "shells/DisplayText.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
-namespace {
-
-GtkWindow* windowOf(const GtkView* view) {
-  if (view == nullptr) return nullptr;
-  GtkWidget* top = gtk_widget_get_toplevel(view->widget());
-  return GTK_IS_WINDOW(top) ? GTK_WINDOW(top) : nullptr;
-}
-
-}  // namespace
 
 void GtkAlertPanel::runAlertPanel(const std::string& title, const std::string& message,
                                   const std::string& defaultButton) {
   const auto flags = static_cast<GtkDialogFlags>(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT);
-  const auto alert =
-      shareGObject(gtk_message_dialog_new(windowOf(view_), flags, GTK_MESSAGE_WARNING,
-                                          GTK_BUTTONS_NONE, "%s", displayText(title).c_str()));
+  GtkWindow* parent = view_ != nullptr ? toolkit::windowOf(view_->widget()) : nullptr;
+  const auto alert = shareGObject(gtk_message_dialog_new(
+      parent, flags, GTK_MESSAGE_WARNING, GTK_BUTTONS_NONE, "%s", displayText(title).c_str()));
   auto* dialog = GTK_DIALOG(alert.get());
   const std::string text = detail_.empty() ? message : message + "\n\n" + detail_;
   gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(dialog), "%s",
@@ -27,8 +19,8 @@ void GtkAlertPanel::runAlertPanel(const std::string& title, const std::string& m
   gtk_window_set_title(GTK_WINDOW(dialog), "");
   gtk_dialog_add_button(dialog, displayLabel(defaultButton, '_').c_str(), GTK_RESPONSE_OK);
   gtk_dialog_set_default_response(dialog, GTK_RESPONSE_OK);
-  gtk_dialog_run(dialog);
-  gtk_widget_destroy(alert.get());
+  toolkit::runDialog(dialog);
+  toolkit::destroyWindow(GTK_WINDOW(dialog));
 }
 
 }  // namespace publishing

@@ -7,6 +7,7 @@
 #include "base/GlibHandles.h"
 #include "base/Translation.h"
 #include "shells/HelpBook.h"
+#include "shells/gtk/Toolkit.h"
 
 extern "C" {
 #include "shells/gtk/resources.h"  // generated, C
@@ -30,16 +31,15 @@ GObjectPtr<GAppInfo> webBrowser() {
 bool isShown(std::string uri) {
   GError* failure = nullptr;
   bool isStarted = false;
+  const GObjectPtr<GdkAppLaunchContext> context(
+      gdk_display_get_app_launch_context(gdk_display_get_default()));
+  gdk_app_launch_context_set_timestamp(context.get(), toolkit::eventTime());
+  auto* launch = G_APP_LAUNCH_CONTEXT(context.get());
   if (const auto browser = webBrowser()) {
     GList uris = {uri.data(), nullptr, nullptr};
-    const GObjectPtr<GdkAppLaunchContext> context(
-        gdk_display_get_app_launch_context(gdk_display_get_default()));
-    gdk_app_launch_context_set_timestamp(context.get(), gtk_get_current_event_time());
-    isStarted = g_app_info_launch_uris(browser.get(), &uris, G_APP_LAUNCH_CONTEXT(context.get()),
-                                       &failure) != 0;
+    isStarted = g_app_info_launch_uris(browser.get(), &uris, launch, &failure) != 0;
   } else {
-    isStarted =
-        gtk_show_uri_on_window(nullptr, uri.c_str(), gtk_get_current_event_time(), &failure) != 0;
+    isStarted = g_app_info_launch_default_for_uri(uri.c_str(), launch, &failure) != 0;
   }
   const GlibError error(failure);
   if (!isStarted && error != nullptr) g_message("The help cannot be shown: %s", error->message);

@@ -6,6 +6,7 @@
 
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -14,68 +15,51 @@ namespace {
 // than these at once.
 constexpr std::size_t kMostMenuItems = 200;
 
-// A list that scrolls, in place of a menu.
-void showAsList(GtkComboBox* comboBox) {
-  const GObjectPtr<GtkCssProvider> style(gtk_css_provider_new());
-  gtk_css_provider_load_from_data(style.get(), "* { -GtkComboBox-appears-as-list: true; }", -1,
-                                  nullptr);
-  gtk_style_context_add_provider(gtk_widget_get_style_context(GTK_WIDGET(comboBox)),
-                                 GTK_STYLE_PROVIDER(style.get()),
-                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-  g_signal_emit_by_name(comboBox, "style-updated");  // at once, before there are items
-}
-
 }  // namespace
 
 GtkCheckBox::GtkCheckBox(GtkCheckButton* button) : GtkControl(GTK_WIDGET(button)) {
   // A click takes a mixed box to off: it is active, and the user sees no third state any more.
-  const auto settle = [](GtkToggleButton* toggled, gpointer) {
-    gtk_toggle_button_set_inconsistent(toggled, FALSE);
-  };
+  const auto settle = [](GtkCheckButton* toggled, gpointer) { toolkit::setMixed(toggled, false); };
   handlers().connect(button, "toggled", G_CALLBACK(+settle), nullptr);
   handlers().connect(button, "toggled", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
 }
 
 int GtkCheckBox::state() const {
-  if (gtk_toggle_button_get_inconsistent(button()) != 0) return -1;
-  return gtk_toggle_button_get_active(button()) != 0 ? 1 : 0;
+  if (toolkit::isMixed(button())) return -1;
+  return toolkit::isActive(button()) ? 1 : 0;
 }
 
 void GtkCheckBox::setState(int state) {
   const SignalHandlers::Block block(handlers());
-  gtk_toggle_button_set_active(button(), state != 0);
-  gtk_toggle_button_set_inconsistent(button(), state < 0);
+  toolkit::setActive(button(), state != 0);
+  toolkit::setMixed(button(), state < 0);
 }
 
 void GtkCheckBox::setAction(const char* signal, Action action) {
   action_ = std::move(action);
-  const auto send = [](GtkToggleButton*, gpointer self) {
+  const auto send = [](GtkCheckButton*, gpointer self) {
     auto& box = *static_cast<GtkCheckBox*>(self);
     guarded([&] { box.action_(box); });
   };
   handlers().connect(button(), signal, G_CALLBACK(+send), this);
 }
 
-GtkRadioMatrix::GtkRadioMatrix(GtkContainer* container) : GtkControl(GTK_WIDGET(container)) {
-  GList* children = gtk_container_get_children(container);
-  for (const GList* child = children; child != nullptr; child = child->next) {
-    if (!GTK_IS_RADIO_BUTTON(child->data)) continue;
-    auto* button = GTK_TOGGLE_BUTTON(child->data);
+GtkRadioMatrix::GtkRadioMatrix(GtkWidget* container) : GtkControl(container) {
+  for (GtkWidget* child : toolkit::childrenOf(container)) {
+    if (!toolkit::isRadioButton(G_OBJECT(child))) continue;
+    auto* button = GTK_CHECK_BUTTON(child);
     cells_.push_back(std::make_unique<Cell>(Cell{this, shareGObject(button), {}}));
     handlers().connect(button, "clicked", G_CALLBACK(&GtkRadioMatrix::dealtWith),
                        cells_.back().get(), G_CONNECT_AFTER);
   }
-  g_list_free(children);
-  auto* group = cells_.empty() ? nullptr : GTK_RADIO_BUTTON(cells_.front()->button.get());
-  noCell_ = shareGObject(GTK_TOGGLE_BUTTON(gtk_radio_button_new_from_widget(group)));
+  noCell_ = shareGObject(
+      toolkit::newRadioButton(cells_.empty() ? nullptr : cells_.front()->button.get()));
   activate(noCell_.get());
 }
 
 std::int64_t GtkRadioMatrix::selectedColumn() const {
   for (std::size_t column = 0; column < cells_.size(); ++column) {
-    if (gtk_toggle_button_get_active(cells_[column]->button.get()) != 0) {
-      return static_cast<std::int64_t>(column);
-    }
+    if (toolkit::isActive(cells_[column]->button.get())) return static_cast<std::int64_t>(column);
   }
   return -1;
 }
@@ -92,28 +76,28 @@ void GtkRadioMatrix::deselectAllCells() {
   if (allowsEmptySelection_) activate(noCell_.get());
 }
 
-void GtkRadioMatrix::setAction(GtkRadioButton* button, const char* signal, const Action& action) {
+void GtkRadioMatrix::setAction(GtkCheckButton* button, const char* signal, const Action& action) {
   for (const auto& cell : cells_) {
-    if (cell->button.get() != GTK_TOGGLE_BUTTON(button)) continue;
+    if (cell->button.get() != button) continue;
     cell->action = action;
     handlers().connect(button, signal, G_CALLBACK(&GtkRadioMatrix::clicked), cell.get());
   }
 }
 
-void GtkRadioMatrix::activate(GtkToggleButton* button) {
+void GtkRadioMatrix::activate(GtkCheckButton* button) {
   const SignalHandlers::Block block(handlers());
-  gtk_toggle_button_set_active(button, TRUE);
+  toolkit::setActive(button, true);
 }
 
 // GTK also clicks the button that the user's click turns off.
-void GtkRadioMatrix::clicked(GtkToggleButton* button, gpointer cell) {
-  if (gtk_toggle_button_get_active(button) == 0) return;
+void GtkRadioMatrix::clicked(GtkCheckButton* button, gpointer cell) {
+  if (!toolkit::isActive(button)) return;
   const auto& clickedCell = *static_cast<Cell*>(cell);
   guarded([&] { clickedCell.action(*clickedCell.matrix); });
 }
 
-void GtkRadioMatrix::dealtWith(GtkToggleButton* button, gpointer cell) {
-  if (gtk_toggle_button_get_active(button) == 0) return;
+void GtkRadioMatrix::dealtWith(GtkCheckButton* button, gpointer cell) {
+  if (!toolkit::isActive(button)) return;
   guarded([&] { static_cast<Cell*>(cell)->matrix->tellUserChanged(); });
 }
 
@@ -144,7 +128,7 @@ void GtkPopUpButton::removeAllItems() {
 void GtkPopUpButton::addItemsWithTitles(const std::vector<std::string>& titles) {
   // A menu that is shown meanwhile grows item by item, looking for the place of each.
   const SignalHandlers::Block block(handlers());
-  if (titles_.size() + titles.size() > kMostMenuItems) showAsList(comboBox());
+  if (titles_.size() + titles.size() > kMostMenuItems) toolkit::showAsList(comboBox());
   const auto list = shareGObject(items());
   const gint selected = gtk_combo_box_get_active(comboBox());
   gtk_combo_box_set_model(comboBox(), nullptr);

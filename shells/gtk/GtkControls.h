@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The platform's controls on GTK 3 widgets. A control holds a reference to its widget and handlers
+// The platform's controls on GTK's widgets. A control holds a reference to its widget and handlers
 // on it; it blocks them while it changes the widget itself, because GTK signals every change and
 // the panel wants to hear of the user's only. Which signal sends an action is said in the interface
 // description.
@@ -79,19 +79,19 @@ class GtkCheckBox final : public GtkControl<CheckBox> {
   void setAction(const char* signal, Action action);
 
  private:
-  [[nodiscard]] GtkToggleButton* button() const { return GTK_TOGGLE_BUTTON(widget()); }
+  [[nodiscard]] GtkCheckButton* button() const { return GTK_CHECK_BUTTON(widget()); }
 
   Action action_;
 };
 
-// On a container of two GtkRadioButtons, in the order of their columns. A third button of their
+// On a container of two radio buttons, in the order of their columns. A third button of their
 // group is never shown: it is the active one when no cell is selected.
 class GtkRadioMatrix final : public GtkControl<RadioMatrix> {
  public:
   using Action = std::function<void(RadioMatrix& sender)>;
 
   // Nothing is selected at first.
-  explicit GtkRadioMatrix(GtkContainer* container);
+  explicit GtkRadioMatrix(GtkWidget* container);
 
   [[nodiscard]] std::int64_t selectedColumn() const override;
   void selectCellAtRow(std::int64_t row, std::int64_t column) override;
@@ -100,21 +100,21 @@ class GtkRadioMatrix final : public GtkControl<RadioMatrix> {
 
   // Sends the action at the cell's signal when the cell is the selected one. A click on the cell
   // that is selected already must reach the panel too, so the signal should be "clicked".
-  void setAction(GtkRadioButton* cell, const char* signal, const Action& action);
+  void setAction(GtkCheckButton* cell, const char* signal, const Action& action);
 
  private:
   struct Cell {
     GtkRadioMatrix* matrix;
-    GObjectPtr<GtkToggleButton> button;
+    GObjectPtr<GtkCheckButton> button;
     Action action;
   };
 
-  void activate(GtkToggleButton* button);
-  static void clicked(GtkToggleButton* button, gpointer cell);
-  static void dealtWith(GtkToggleButton* button, gpointer cell);
+  void activate(GtkCheckButton* button);
+  static void clicked(GtkCheckButton* button, gpointer cell);
+  static void dealtWith(GtkCheckButton* button, gpointer cell);
 
   std::vector<std::unique_ptr<Cell>> cells_;
-  GObjectPtr<GtkToggleButton> noCell_;
+  GObjectPtr<GtkCheckButton> noCell_;
   bool allowsEmptySelection_ = false;
 };
 

@@ -4,23 +4,16 @@
 #include <utility>
 
 #include "Publishing/PublishingFeatures.h"
-#include "base/GlibHandles.h"
 #include "shells/DisplayText.h"
 #include "shells/InterfaceBinder.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
 
-// The object's id; empty when the description gave it none.
-std::string idOf(GObject* object) {
-  if (!GTK_IS_BUILDABLE(object)) return {};
-  const gchar* id = gtk_buildable_get_name(GTK_BUILDABLE(object));
-  return id == nullptr || g_str_has_prefix(id, "___") ? std::string() : id;
-}
-
 // The box that a radio button stands in.
-GObject* matrixOf(GObject* radioButton) {
-  return G_OBJECT(gtk_widget_get_parent(GTK_WIDGET(radioButton)));
+GtkWidget* matrixOf(GObject* radioButton) {
+  return gtk_widget_get_parent(GTK_WIDGET(radioButton));
 }
 
 template <class Controls>
@@ -32,34 +25,26 @@ auto* find(Controls& controls, std::string_view name) {
 }  // namespace
 
 std::unique_ptr<GtkInterface> GtkInterface::make(const char* description, gssize length) {
-  GObjectPtr<GtkBuilder> builder(gtk_builder_new());
-  GError* failure = nullptr;
-  if (gtk_builder_add_from_string(builder.get(), description, static_cast<gsize>(length),
-                                  &failure) == 0) {
-    const GlibError error(failure);
-    g_warning("The interface description cannot be read: %s", error->message);
-    return nullptr;
-  }
-  return std::unique_ptr<GtkInterface>(new GtkInterface(std::move(builder)));
+  BuiltInterface built = buildInterface(description, length);
+  if (built.builder == nullptr) return nullptr;
+  return std::unique_ptr<GtkInterface>(new GtkInterface(std::move(built)));
 }
 
-GtkInterface::GtkInterface(GObjectPtr<GtkBuilder> builder) : builder_(std::move(builder)) {
-  GSList* objects = gtk_builder_get_objects(builder_.get());
+GtkInterface::GtkInterface(BuiltInterface built) : built_(std::move(built)) {
+  GSList* objects = gtk_builder_get_objects(built_.builder.get());
   for (const GSList* object = objects; object != nullptr; object = object->next)
     addObject(G_OBJECT(object->data));
   g_slist_free(objects);
 }
 
 void GtkInterface::addObject(GObject* object) {
-  if (GTK_IS_RADIO_BUTTON(object)) {
-    const std::string name = idOf(matrixOf(object));
-    auto& matrix = radioMatrices_[name];
-    if (matrix == nullptr) {
-      matrix = std::make_unique<GtkRadioMatrix>(GTK_CONTAINER(matrixOf(object)));
-    }
+  if (toolkit::isRadioButton(object)) {
+    GtkWidget* box = matrixOf(object);
+    auto& matrix = radioMatrices_[toolkit::idOf(G_OBJECT(box))];
+    if (matrix == nullptr) matrix = std::make_unique<GtkRadioMatrix>(box);
     return;
   }
-  const std::string name = idOf(object);
+  const std::string name = toolkit::idOf(object);
   if (name.empty()) return;
   if (name == outlet::pdeView) {
     view_ = std::make_unique<GtkView>(GTK_WIDGET(object));
@@ -77,14 +62,8 @@ void GtkInterface::addObject(GObject* object) {
 bool GtkInterface::bind(InterfaceOwner& owner) {
   InterfaceBinder binder(owner);
   bindOutlets(binder);
-  using Context = std::pair<GtkInterface&, InterfaceBinder&>;
-  Context context(*this, binder);
-  const auto bindSignal = [](GtkBuilder*, GObject* object, const gchar* signal,
-                             const gchar* handler, GObject*, GConnectFlags, gpointer data) {
-    auto& [self, names] = *static_cast<Context*>(data);
-    self.bindAction(names, object, signal, handler);
-  };
-  gtk_builder_connect_signals_full(builder_.get(), +bindSignal, &context);
+  for (const BuiltInterface::Signal& signal : built_.signals)
+    bindAction(binder, signal);
   if (binder.connect()) return true;
   for (const std::string& name : binder.unknownNames())
     g_message("The interface description names '%s', which its owner does not know", name.c_str());
@@ -105,18 +84,19 @@ void GtkInterface::bindOutlets(InterfaceBinder& binder) {
     binder.addOutlet<TextField>(name, *field);
 }
 
-void GtkInterface::bindAction(InterfaceBinder& binder, GObject* object, const char* signal,
-                              const char* handler) {
-  const std::string name = idOf(object);
-  if (GTK_IS_RADIO_BUTTON(object)) {
-    radioMatrix(idOf(matrixOf(object)))
-        ->setAction(GTK_RADIO_BUTTON(object), signal, binder.action<RadioMatrix&>(handler));
+void GtkInterface::bindAction(InterfaceBinder& binder, const BuiltInterface::Signal& signal) {
+  const std::string name = toolkit::idOf(signal.object);
+  const char* event = signal.name.c_str();
+  if (toolkit::isRadioButton(signal.object)) {
+    radioMatrix(toolkit::idOf(G_OBJECT(matrixOf(signal.object))))
+        ->setAction(GTK_CHECK_BUTTON(signal.object), event,
+                    binder.action<RadioMatrix&>(signal.handler));
   } else if (GtkCheckBox* box = checkBox(name)) {
-    box->setAction(signal, binder.action<CheckBox&>(handler));
+    box->setAction(event, binder.action<CheckBox&>(signal.handler));
   } else if (GtkTabView* tabs = tabView(name)) {
-    tabs->setAction(signal, binder.action<>(handler));
+    tabs->setAction(event, binder.action<>(signal.handler));
   } else {
-    g_message("The handler '%s' is on an object that sends no action", handler);
+    g_message("The handler '%s' is on an object that sends no action", signal.handler.c_str());
   }
 }
 

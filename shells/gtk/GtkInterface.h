@@ -11,6 +11,7 @@
 #include "Publishing/platform/InterfaceOwner.h"
 #include "shells/gtk/GtkControls.h"
 #include "shells/gtk/GtkTextField.h"
+#include "shells/gtk/InterfaceBuilder.h"
 
 namespace publishing {
 
@@ -55,15 +56,14 @@ class GtkInterface {
   template <class ControlType>
   using ControlsByName = std::map<std::string, std::unique_ptr<ControlType>, std::less<>>;
 
-  explicit GtkInterface(GObjectPtr<GtkBuilder> builder);
+  explicit GtkInterface(BuiltInterface built);
   template <class Function>
   void forEachControl(Function function);
   void addObject(GObject* object);
   void bindOutlets(InterfaceBinder& binder);
-  void bindAction(InterfaceBinder& binder, GObject* object, const char* signal,
-                  const char* handler);
+  void bindAction(InterfaceBinder& binder, const BuiltInterface::Signal& signal);
 
-  GObjectPtr<GtkBuilder> builder_;
+  BuiltInterface built_;
   std::unique_ptr<GtkView> view_;
   ControlsByName<GtkCheckBox> checkBoxes_;
   ControlsByName<GtkRadioMatrix> radioMatrices_;

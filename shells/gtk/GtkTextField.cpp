@@ -7,6 +7,7 @@
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
 #include "shells/RefusalMessage.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -20,11 +21,11 @@ std::size_t byteOfCharacter(const std::string& text, gint character) {
 
 }  // namespace
 
-GtkTextField::GtkTextField(GtkEntry* entry)
-    : GtkControl(GTK_WIDGET(entry)), refusal_(GTK_WIDGET(entry)) {
-  handlers().connect(entry, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
-  handlers().connect(entry, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
-  handlers().connect(entry, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
+GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)), refusal_(entry) {
+  GtkWidget* edited = toolkit::editedPartOf(entry);
+  handlers().connect(edited, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
+  handlers().connect(edited, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
+  handlers().connect(edited, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
 }
 
 GtkTextField::~GtkTextField() {
@@ -32,14 +33,14 @@ GtkTextField::~GtkTextField() {
 }
 
 std::optional<std::string> GtkTextField::stringValue() const {
-  const std::string shown = gtk_entry_get_text(entry());
+  const std::string shown = toolkit::textOf(entry());
   return shown == shownValue_ ? value_ : shown;
 }
 
 void GtkTextField::setStringValue(const std::string& value) {
   show(displayText(value));
   value_ = value;
-  shownValue_ = gtk_entry_get_text(entry());
+  shownValue_ = toolkit::textOf(entry());
 }
 
 void GtkTextField::setFormatter(std::shared_ptr<const Formatter> formatter) {
@@ -54,7 +55,7 @@ void GtkTextField::select(std::size_t first, std::size_t length) {
 
 void GtkTextField::show(const std::string& text) {
   const SignalHandlers::Block block(handlers());
-  if (text != gtk_entry_get_text(entry())) gtk_entry_set_text(entry(), text.c_str());
+  if (text != toolkit::textOf(entry())) toolkit::setText(entry(), text);
 }
 
 void GtkTextField::restore(const Content& content) {
@@ -67,7 +68,7 @@ void GtkTextField::restore(const Content& content) {
 // the next event.
 void GtkTextField::rememberUntilNextEvent() {
   if (forgetSource_ != 0) return;
-  beforeDeletion_ = {gtk_entry_get_text(entry()), gtk_editable_get_position(editable())};
+  beforeDeletion_ = {toolkit::textOf(entry()), gtk_editable_get_position(editable())};
   forgetSource_ = g_idle_add_full(G_PRIORITY_HIGH, &GtkTextField::forget, this, nullptr);
 }
 
@@ -93,7 +94,7 @@ bool GtkTextField::mayBecome(const std::string& edited) {
 
 bool GtkTextField::mayInsert(std::string_view text, gint position) {
   if (formatter_ == nullptr) return true;
-  std::string edited = gtk_entry_get_text(entry());
+  std::string edited = toolkit::textOf(entry());
   edited.insert(byteOfCharacter(edited, position), text);
   std::string corrected = edited;
   const bool isRefused = !formatter_->isPartialStringValid(edited, corrected);
@@ -104,7 +105,7 @@ bool GtkTextField::mayInsert(std::string_view text, gint position) {
 
 bool GtkTextField::mayDelete(gint start, gint end) {
   if (formatter_ == nullptr) return true;
-  std::string edited = gtk_entry_get_text(entry());
+  std::string edited = toolkit::textOf(entry());
   const std::size_t first = byteOfCharacter(edited, start);
   edited.erase(first, byteOfCharacter(edited, end) - first);
   if (!mayBecome(edited)) return false;

@@ -14,7 +14,7 @@ namespace publishing {
 // when the field loses the keyboard, and is in nobody's way meanwhile.
 class RefusalHint {
  public:
-  explicit RefusalHint(GtkWidget* field) : field_(field) {}
+  explicit RefusalHint(GtkEntry* field) : field_(field) {}
   RefusalHint(const RefusalHint&) = delete;
   RefusalHint& operator=(const RefusalHint&) = delete;
   ~RefusalHint();
@@ -29,8 +29,8 @@ class RefusalHint {
  private:
   void make();
 
-  GtkWidget* field_;
-  GObjectPtr<GtkWidget> popover_;  // null until it is needed
+  GtkEntry* field_;
+  GObjectPtr<GtkPopover> popover_;  // null until it is needed
   GtkWidget* label_ = nullptr;
   guint clock_ = 0;
   SignalHandlers handlers_;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/SignalHandlers.h"
 
+#include <utility>
+
+#include "shells/Guarded.h"
+
 namespace publishing {
 
 void SignalHandlers::connect(gpointer object, const char* signal, GCallback handler, gpointer data,
@@ -21,6 +25,14 @@ void SignalHandlers::forEachConnected(Function function) const {
 void SignalHandlers::disconnectAll() {
   forEachConnected(g_signal_handler_disconnect);
   handlers_.clear();
+}
+
+void callAtEach(gpointer object, const char* signal, std::function<void()> function) {
+  using Function = std::function<void()>;
+  const auto call = [](gpointer data) { guarded(*static_cast<Function*>(data)); };
+  const auto free = [](gpointer data, GClosure*) { delete static_cast<Function*>(data); };
+  g_signal_connect_data(object, signal, G_CALLBACK(+call), new Function(std::move(function)), +free,
+                        G_CONNECT_SWAPPED);
 }
 
 SignalHandlers::Block::Block(const SignalHandlers& handlers) : handlers_(handlers) {

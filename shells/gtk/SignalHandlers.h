@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "shells/gtk/GObjectPtr.h"
@@ -46,5 +47,9 @@ class SignalHandlers {
 
   std::vector<Handler> handlers_;
 };
+
+// Calls the function at each of the object's signals, which must be one that returns nothing, for
+// the object's life. What it does may end that.
+void callAtEach(gpointer object, const char* signal, std::function<void()> function);
 
 }  // namespace publishing

@@ -85,5 +85,5 @@ publishing_add_tests(dialog-program-tests DISPLAY
   SOURCES
     dialog/DialogExtension_test.cpp
     "${PROJECT_SOURCE_DIR}/programs/dialog/DialogExtension.cpp"
-  LIBRARIES publishing-gtk-settings PkgConfig::GTK)
+  LIBRARIES publishing-gtk-settings PkgConfig::GTK3)
 target_compile_definitions(dialog-program-tests PRIVATE PUBLISHING_PRINTBACKENDS_DIR="")

@@ -1,17 +1,17 @@
 # SPDX-License-Identifier: Apache-2.0
 # The stage of panel scripts on real widgets, with the toolkit's warnings as test failures.
 add_library(gtk-stage STATIC AlertWatch.cpp GtkStage.cpp)
-target_link_libraries(gtk-stage PUBLIC publishing-gtk)
+target_link_libraries(gtk-stage PUBLIC publishing-gtk3)
 add_library(gtk-environment OBJECT GtkEnvironment.cpp)
 target_link_libraries(gtk-environment PUBLIC gtk-stage GTest::gtest)
 
 # A user at a print dialog that has the panel.
 add_library(print-dialog-user STATIC PrintDialogUser.cpp)
-target_link_libraries(print-dialog-user PUBLIC gtk-stage publishing-dialog-host)
+target_link_libraries(print-dialog-user PUBLIC gtk-stage publishing-gtk3-host)
 
 # Pictures in the build folder: cmake --build --preset release --target screenshots
 add_library(picture STATIC EXCLUDE_FROM_ALL Picture.cpp)
-target_link_libraries(picture PUBLIC publishing-gtk)
+target_link_libraries(picture PUBLIC publishing-gtk3)
 add_executable(panel-screenshots EXCLUDE_FROM_ALL panel-screenshots.cpp)
 target_link_libraries(panel-screenshots PRIVATE gtk-stage panel-script-runner picture)
 add_executable(dialog-screenshots EXCLUDE_FROM_ALL dialog-screenshots.cpp)

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "base/GlibHandles.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 #include "tests/support/GtkStage.h"
 
@@ -168,8 +169,7 @@ std::string PrintDialogUser::frontTab() const {
 GtkWidget* PrintDialogUser::find(const char* id) const {
   GtkWidget* found = nullptr;
   forEachWidget(dialog(), [&](GtkWidget* widget) {
-    const gchar* name = gtk_buildable_get_name(GTK_BUILDABLE(widget));
-    if (name != nullptr && std::string(name) == id) found = widget;
+    if (toolkit::idOf(G_OBJECT(widget)) == id) found = widget;
   });
   return found;
 }

@@ -2,6 +2,7 @@
 #include "shells/gtk/dialog/ButtonRowLine.h"
 
 #include "shells/DisplayText.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -30,8 +31,8 @@ void ButtonRowLine::show(GtkDialog* dialog, const std::string& text) {
     gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
     gtk_label_set_xalign(label, 0);
     gtk_widget_set_margin_start(label_.get(), kMargin);
-    gtk_box_pack_start(row, label_.get(), TRUE, TRUE, 0);
-    gtk_box_reorder_child(row, label_.get(), 0);
+    gtk_widget_set_hexpand(label_.get(), TRUE);
+    toolkit::insertAfter(row, label_.get(), nullptr);
     gtk_widget_show(label_.get());
   }
   const std::string line = displayText(text);

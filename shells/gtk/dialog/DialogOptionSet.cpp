@@ -6,6 +6,7 @@
 #include <gmodule.h>
 
 #include "base/GlibHandles.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -33,7 +34,7 @@ bool find(GModule* module, const char* name, Function& function) {
 
 Functions findFunctions() {
   Functions found;
-  GModule* gtk = g_module_open("libgtk-3.so.0", G_MODULE_BIND_LAZY);
+  GModule* gtk = g_module_open(toolkit::kLibrary, G_MODULE_BIND_LAZY);
   if (gtk == nullptr) return found;
   g_module_make_resident(gtk);
   found.complete = find(gtk, "gtk_printer_option_set_get_type", found.getType) &&

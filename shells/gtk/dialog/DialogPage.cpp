@@ -7,6 +7,7 @@
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -51,27 +52,28 @@ void DialogPage::addMessage() {
   GtkWidget* box = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
   gtk_widget_set_valign(box, GTK_ALIGN_CENTER);
   gtk_widget_set_halign(box, GTK_ALIGN_CENTER);
-  gtk_container_set_border_width(GTK_CONTAINER(box), 2 * kSpacing);
+  toolkit::setMargins(box, 2 * kSpacing);
   spinner_ = gtk_spinner_new();
   message_ = gtk_label_new(nullptr);
-  gtk_label_set_line_wrap(GTK_LABEL(message_), TRUE);
+  g_object_set(message_, "wrap", TRUE, nullptr);
   gtk_label_set_max_width_chars(GTK_LABEL(message_), kMessageWidth);
   gtk_label_set_justify(GTK_LABEL(message_), GTK_JUSTIFY_CENTER);
   gtk_label_set_selectable(GTK_LABEL(message_), TRUE);
-  gtk_container_add(GTK_CONTAINER(box), spinner_);
-  gtk_container_add(GTK_CONTAINER(box), message_);
-  gtk_widget_show_all(box);
+  toolkit::append(GTK_BOX(box), spinner_);
+  toolkit::append(GTK_BOX(box), message_);
+  toolkit::showWithChildren(box);
   gtk_stack_add_named(GTK_STACK(content()), box, kMessage);
 }
 
 void DialogPage::addPanel() {
   panelBox_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
-  gtk_container_set_border_width(GTK_CONTAINER(panelBox_), kSpacing);
+  toolkit::setMargins(panelBox_, kSpacing);
   sheets_ = std::make_unique<SheetsView>(
       [this](const std::string& words) { say(words.empty() ? summaryText_ : words); });
-  gtk_box_pack_end(GTK_BOX(panelBox_), makeFoot(), FALSE, FALSE, 0);
-  gtk_box_pack_end(GTK_BOX(panelBox_), sheets_->widget(), TRUE, TRUE, 0);
-  gtk_widget_show_all(panelBox_);
+  gtk_widget_set_vexpand(sheets_->widget(), TRUE);
+  toolkit::append(GTK_BOX(panelBox_), sheets_->widget());
+  toolkit::append(GTK_BOX(panelBox_), makeFoot());
+  toolkit::showWithChildren(panelBox_);
   gtk_widget_hide(panelBox_);
   gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
 }
@@ -81,7 +83,7 @@ GtkWidget* DialogPage::makeFoot() {
   GtkWidget* foot = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kSpacing);
   summary_ = gtk_label_new(nullptr);
   auto* summary = GTK_LABEL(summary_);
-  gtk_label_set_line_wrap(summary, TRUE);
+  g_object_set(summary, "wrap", TRUE, nullptr);
   gtk_label_set_lines(summary, kSummaryLines);
   gtk_label_set_ellipsize(summary, PANGO_ELLIPSIZE_END);
   gtk_label_set_xalign(summary, 0);
@@ -96,18 +98,18 @@ GtkWidget* DialogPage::makeFoot() {
     guarded([&] { static_cast<DialogPage*>(self)->help_(); });
   };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
-  gtk_container_add(GTK_CONTAINER(foot), summary_);
+  toolkit::append(GTK_BOX(foot), summary_);
   std::vector<GtkWidget*> buttons = makeButtons_();
   buttons.push_back(help);
   for (GtkWidget* button : buttons) {
     gtk_widget_set_valign(button, GTK_ALIGN_START);
-    gtk_container_add(GTK_CONTAINER(foot), button);
+    toolkit::append(GTK_BOX(foot), button);
   }
   return foot;
 }
 
 void DialogPage::removePanel() {
-  if (panel_ != nullptr) gtk_container_remove(GTK_CONTAINER(panelBox_), panel_);
+  if (panel_ != nullptr) toolkit::remove(GTK_BOX(panelBox_), panel_);
   panel_ = nullptr;
 }
 
@@ -129,8 +131,16 @@ void DialogPage::drawMessage() {
   if (message_ == nullptr) addMessage();
   gtk_label_set_text(GTK_LABEL(message_), text_.c_str());
   gtk_widget_set_visible(spinner_, isWaiting_);
-  g_object_set(spinner_, "active", isWaiting_, nullptr);
+  spin(isWaiting_);
   gtk_stack_set_visible_child_name(GTK_STACK(content()), kMessage);
+}
+
+void DialogPage::spin(bool spins) {
+  if (spins) {
+    gtk_spinner_start(GTK_SPINNER(spinner_));
+  } else {
+    gtk_spinner_stop(GTK_SPINNER(spinner_));
+  }
 }
 
 void DialogPage::offerPanel(const std::string& name) {
@@ -156,8 +166,8 @@ void DialogPage::showPanel(GtkWidget* view) {
   removePanel();
   if (panelBox_ == nullptr) addPanel();
   panel_ = view;
-  gtk_box_pack_start(GTK_BOX(panelBox_), view, TRUE, TRUE, 0);
-  if (spinner_ != nullptr) g_object_set(spinner_, "active", FALSE, nullptr);
+  toolkit::insertAfter(GTK_BOX(panelBox_), view, noticeBar_);
+  if (spinner_ != nullptr) spin(false);
   if (isInFront()) drawPanel();
 }
 
@@ -172,15 +182,13 @@ void DialogPage::addNotices() {
   noticeBar_ = gtk_info_bar_new();
   gtk_info_bar_set_message_type(GTK_INFO_BAR(noticeBar_), GTK_MESSAGE_WARNING);
   notices_ = gtk_label_new(nullptr);
-  gtk_label_set_line_wrap(GTK_LABEL(notices_), TRUE);
+  g_object_set(notices_, "wrap", TRUE, nullptr);
   gtk_label_set_max_width_chars(GTK_LABEL(notices_), kMessageWidth);
   gtk_label_set_xalign(GTK_LABEL(notices_), 0);
   gtk_label_set_selectable(GTK_LABEL(notices_), TRUE);
-  gtk_container_add(GTK_CONTAINER(gtk_info_bar_get_content_area(GTK_INFO_BAR(noticeBar_))),
-                    notices_);
-  gtk_widget_show_all(noticeBar_);
-  gtk_box_pack_start(GTK_BOX(panelBox_), noticeBar_, FALSE, FALSE, 0);
-  gtk_box_reorder_child(GTK_BOX(panelBox_), noticeBar_, 0);
+  toolkit::setInfoBarContent(GTK_INFO_BAR(noticeBar_), notices_);
+  toolkit::showWithChildren(noticeBar_);
+  toolkit::insertAfter(GTK_BOX(panelBox_), noticeBar_, nullptr);
 }
 
 void DialogPage::showNotices(const std::string& text) {

@@ -58,6 +58,7 @@ class DialogPage {
   void writeLabel();
   void removePanel();
   void drawMessage();
+  void spin(bool spins);
   void drawPanel();
   void addMessage();
   void addPanel();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -8,32 +9,24 @@
 
 #include "shells/DialogHost.h"
 #include "shells/PresetQuestions.h"
-#include "shells/gtk/GObjectPtr.h"
-#include "shells/gtk/SignalHandlers.h"
+#include "shells/gtk/dialog/MenuButton.h"
 
 namespace publishing {
 
 // The button in the panel's tab whose menu has the presets: use one, save the panel's choices as
-// one, delete one. The menu is made anew each time it is opened, because other programs change the
-// presets, too.
+// one, delete one. Other programs change the presets, too.
 class PresetMenu final : private PresetQuestions {
  public:
   // `host` must outlive this object.
   explicit PresetMenu(DialogHost& host) : host_(host) {}
   PresetMenu(const PresetMenu&) = delete;
   PresetMenu& operator=(const PresetMenu&) = delete;
-  ~PresetMenu() override;
 
   // Makes the button; to be called once at most.
   GtkWidget* makeButton();
 
  private:
-  void open();
-  void fill();
-  GtkWidget* addItem(GtkWidget* menu, GtkWidget* item, void (*activated)(GtkMenuItem*, gpointer));
-  void use(const std::string& name);
-  void save();
-  void remove(const std::string& name);
+  MenuButton::Sections items();
   [[nodiscard]] GtkWindow* window() const;
   // True for the answer with that label.
   bool confirms(const std::string& question, const char* label);
@@ -44,10 +37,7 @@ class PresetMenu final : private PresetQuestions {
   void tell(const std::string& problem) override;
 
   DialogHost& host_;
-  GObjectPtr<GtkWidget> button_;
-  GObjectPtr<GtkWidget> menu_;
-  SignalHandlers handlers_;
-  SignalHandlers itemHandlers_;
+  std::unique_ptr<MenuButton> button_;
 };
 
 }  // namespace publishing

@@ -11,6 +11,7 @@
 #include "shells/Guarded.h"
 #include "shells/HostMessages.h"
 #include "shells/gtk/GtkBundle.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/DialogSettings.h"
 #include "shells/gtk/dialog/JobHandover.h"
 #include "shells/gtk/dialog/PrintQuestions.h"
@@ -23,8 +24,6 @@ constexpr const char* kHostKey = "publishing-print-dialog-host";
 // The dialog's own controls whose changes the panel follows; reverse order is no printer option.
 constexpr const char* kReverseCheck = "reverse_check";
 
-constexpr const char* kPrinterList = "printer_treeview";
-
 constexpr DialogPlaces kPlaces = {
     N_("Needs two-sided printing: see the “Page Setup” tab."),
     N_("Needs the pages in order: switch off “Reverse” on the “General” tab."),
@@ -36,29 +35,10 @@ std::string dialogName(const std::string& jobOption) {
   return "cups-" + jobOption;
 }
 
-// The dialog's list of printers; null when this GTK has another one.
-GtkTreeView* printerList(GtkPrintUnixDialog* dialog) {
-  GObject* list =
-      gtk_widget_get_template_child(GTK_WIDGET(dialog), GTK_TYPE_PRINT_UNIX_DIALOG, kPrinterList);
-  return GTK_IS_TREE_VIEW(list) ? GTK_TREE_VIEW(list) : nullptr;
-}
-
-// The printer in the row that the user picked, which the dialog may still ask for its details.
-GObjectPtr<GtkPrinter> pickedPrinter(GtkTreeView* list) {
-  GtkTreeModel* rows = nullptr;
-  GtkTreeIter row;
-  if (list == nullptr ||
-      gtk_tree_selection_get_selected(gtk_tree_view_get_selection(list), &rows, &row) == 0) {
-    return nullptr;
-  }
-  for (gint column = 0; column < gtk_tree_model_get_n_columns(rows); ++column) {
-    if (g_type_is_a(gtk_tree_model_get_column_type(rows, column), G_TYPE_OBJECT) == 0) continue;
-    GObject* object = nullptr;
-    gtk_tree_model_get(rows, &row, column, &object, -1);
-    GObjectPtr<GObject> owned(object);
-    if (GTK_IS_PRINTER(object)) return GObjectPtr<GtkPrinter>(GTK_PRINTER(owned.release()));
-  }
-  return nullptr;
+// The dialog's tabs.
+GtkNotebook* notebookOf(GtkWidget* tab) {
+  GtkWidget* tabs = gtk_widget_get_ancestor(tab, GTK_TYPE_NOTEBOOK);
+  return tabs != nullptr ? GTK_NOTEBOOK(tabs) : nullptr;
 }
 
 }  // namespace
@@ -91,12 +71,14 @@ bool PrintDialogHost::attach(GtkPrintUnixDialog* dialog) {
 void PrintDialogHost::detach(GtkPrintUnixDialog* dialog) {
   const auto tab = shareGObject(of(dialog)->page_.content());
   g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);  // deletes the host
-  gtk_widget_destroy(tab.get());
+  if (GtkNotebook* tabs = notebookOf(tab.get()))
+    gtk_notebook_remove_page(tabs, gtk_notebook_page_num(tabs, tab.get()));
 }
 
 PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
     : dialog_(dialog),
       rules_(std::move(rules)),
+      printers_(dialog),
       page_(
           translated(kPublishingPanelNameKey), [this] { host_.showHelp(); },
           [this] {
@@ -134,22 +116,15 @@ void PrintDialogHost::connect() {
   };
   handlers_.connect(dialog_, "notify::selected-printer", G_CALLBACK(+printer), this);
   handlers_.connect(dialog_, "response", G_CALLBACK(+response), this);
-  // GTK says that another printer is selected once it knows what that can do.
-  const auto picked = [](GtkTreeSelection*, gpointer self) {
-    guarded([&] {
-      auto& host = *static_cast<PrintDialogHost*>(self);
-      const auto selection = host.selection();
-      if (selection && selection->isPending) host.followPrinter();
-    });
-  };
-  if (GtkTreeView* list = printerList(dialog_)) {
-    handlers_.connect(gtk_tree_view_get_selection(list), "changed", G_CALLBACK(+picked), this);
-  }
+  printers_.setPicked([this] {
+    const auto picked = selection();
+    if (picked && picked->isPending) followPrinter();
+  });
   handlers_.connect(page_.content(), "map", G_CALLBACK(+mapped), this);
   g_signal_connect(dialog_, "destroy", G_CALLBACK(+gone), nullptr);
   GObject* reverse =
       gtk_widget_get_template_child(GTK_WIDGET(dialog_), GTK_TYPE_PRINT_UNIX_DIALOG, kReverseCheck);
-  if (GTK_IS_TOGGLE_BUTTON(reverse)) {
+  if (GTK_IS_CHECK_BUTTON(reverse)) {
     handlers_.connect(reverse, "toggled", G_CALLBACK(+soon), this);
   }
 }
@@ -179,7 +154,7 @@ void PrintDialogHost::refreshSoon() {
 std::optional<ToolkitDialog::Selection> PrintDialogHost::selection() const {
   GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog_);
   const bool isPending = printer == nullptr;
-  const auto picked = isPending ? pickedPrinter(printerList(dialog_)) : nullptr;
+  const auto picked = isPending ? printers_.picked() : nullptr;
   if (isPending) printer = picked.get();
   if (printer == nullptr) return std::nullopt;
   return Selection{gtk_printer_get_name(printer), gtk_printer_is_virtual(printer) != 0, isPending};
@@ -265,10 +240,8 @@ void PrintDialogHost::showOutsideTab(const std::string& line) {
 }
 
 void PrintDialogHost::bringTabToFront() {
-  GtkWidget* tabs = gtk_widget_get_ancestor(page_.content(), GTK_TYPE_NOTEBOOK);
-  if (tabs == nullptr) return;
-  auto* notebook = GTK_NOTEBOOK(tabs);
-  gtk_notebook_set_current_page(notebook, gtk_notebook_page_num(notebook, page_.content()));
+  if (GtkNotebook* tabs = notebookOf(page_.content()))
+    gtk_notebook_set_current_page(tabs, gtk_notebook_page_num(tabs, page_.content()));
 }
 
 void PrintDialogHost::pressPrint() {
@@ -302,7 +275,7 @@ void PrintDialogHost::sayHelpIsMissing() {
       GTK_MESSAGE_INFO, GTK_BUTTONS_CLOSE, "%s", message.title.c_str());
   gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(notice), "%s",
                                            displayText(message.text).c_str());
-  g_signal_connect(notice, "response", G_CALLBACK(gtk_widget_destroy), nullptr);
+  g_signal_connect(notice, "response", G_CALLBACK(toolkit::destroyWindow), nullptr);
   gtk_widget_show(notice);
 }
 

@@ -15,6 +15,7 @@
 #include "shells/gtk/dialog/DialogPage.h"
 #include "shells/gtk/dialog/PresetMenu.h"
 #include "shells/gtk/dialog/PrinterFetch.h"
+#include "shells/gtk/dialog/PrinterList.h"
 #include "shells/gtk/dialog/ResetButton.h"
 
 namespace publishing {
@@ -74,6 +75,7 @@ class PrintDialogHost final : private ToolkitDialog {
 
   GtkPrintUnixDialog* dialog_;
   HostRules rules_;
+  PrinterList printers_;
   DialogPage page_;
   DialogOptionSet options_;
   SignalHandlers optionHandlers_;

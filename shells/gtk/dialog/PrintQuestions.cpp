@@ -5,6 +5,7 @@
 #include "shells/DisplayText.h"
 #include "shells/HostMessages.h"
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -21,8 +22,8 @@ bool isAnsweredWithPrint(GtkWindow* parent, const HostMessage& question, const c
   gtk_dialog_add_button(dialog, translated(print).c_str(), GTK_RESPONSE_YES);
   gtk_dialog_add_button(dialog, translated(kGoBack).c_str(), GTK_RESPONSE_CANCEL);
   gtk_dialog_set_default_response(dialog, byDefault);
-  const bool prints = gtk_dialog_run(dialog) == GTK_RESPONSE_YES;
-  gtk_widget_destroy(window.get());
+  const bool prints = toolkit::runDialog(dialog) == GTK_RESPONSE_YES;
+  toolkit::destroyWindow(GTK_WINDOW(dialog));
   return prints;
 }
 
@@ -43,8 +44,8 @@ void tellProblem(GtkWindow* parent, const std::string& problem) {
   auto* dialog = GTK_DIALOG(window.get());
   gtk_dialog_add_button(dialog, translated("_Close").c_str(), GTK_RESPONSE_CLOSE);
   gtk_dialog_set_default_response(dialog, GTK_RESPONSE_CLOSE);
-  gtk_dialog_run(dialog);
-  gtk_widget_destroy(window.get());
+  toolkit::runDialog(dialog);
+  toolkit::destroyWindow(GTK_WINDOW(dialog));
 }
 
 }  // namespace publishing

@@ -3,6 +3,7 @@
 
 #include "base/Translation.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintQuestions.h"
 
 namespace publishing {
@@ -10,7 +11,7 @@ namespace publishing {
 GtkWidget* ResetButton::makeButton() {
   button_ = shareGObject(gtk_button_new());
   gtk_button_set_use_underline(GTK_BUTTON(button_.get()), TRUE);
-  gtk_buildable_set_name(GTK_BUILDABLE(button_.get()), "Reset");
+  gtk_widget_set_name(button_.get(), "Reset");
   const auto clicked = [](GtkButton*, gpointer self) {
     guarded([&] { static_cast<ResetButton*>(self)->press(); });
   };
@@ -37,8 +38,7 @@ void ResetButton::press() {
   const std::string problem = host_.canUndoReset() ? host_.undoReset() : host_.reset();
   update();
   if (problem.empty()) return;
-  GtkWidget* window = gtk_widget_get_toplevel(button_.get());
-  tellProblem(GTK_WINDOW(window), problem);
+  tellProblem(toolkit::windowOf(button_.get()), problem);
 }
 
 }  // namespace publishing

@@ -6,6 +6,7 @@
 #include "base/GlibHandles.h"
 #include "shells/DisplayText.h"
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/Toolkit.h"
 
 namespace publishing {
 namespace {
@@ -13,14 +14,17 @@ namespace {
 using Kind = PictureShape::Kind;
 using Anchor = PictureShape::Anchor;
 
+// By the theme's name; GTK 4 calls its own the second way.
+bool isHighContrast(const char* theme) {
+  return g_str_has_prefix(theme, "HighContrast") != 0 || g_str_has_prefix(theme, "Default-hc") != 0;
+}
+
 bool hasHighContrast(GtkWidget* widget) {
-  constexpr const char* kHighContrast = "HighContrast";
-  if (const gchar* forced = g_getenv("GTK_THEME"))
-    return g_str_has_prefix(forced, kHighContrast) != 0;
+  if (const gchar* forced = g_getenv("GTK_THEME")) return isHighContrast(forced);
   gchar* name = nullptr;
   g_object_get(gtk_widget_get_settings(widget), "gtk-theme-name", &name, nullptr);
   const GlibText theme(name);
-  return name != nullptr && g_str_has_prefix(name, kHighContrast) != 0;
+  return name != nullptr && isHighContrast(name);
 }
 
 class Painter {
@@ -28,9 +32,8 @@ class Painter {
   Painter(cairo_t* context, GtkWidget* widget)
       : context_(context),
         isHighContrast_(hasHighContrast(widget)),
-        layout_(gtk_widget_create_pango_layout(widget, nullptr)) {
-    GtkStyleContext* style = gtk_widget_get_style_context(widget);
-    gtk_style_context_get_color(style, gtk_style_context_get_state(style), &caption_);
+        layout_(gtk_widget_create_pango_layout(widget, nullptr)),
+        caption_(toolkit::textColourOf(widget)) {
     const PangoFontDescription* font =
         pango_context_get_font_description(gtk_widget_get_pango_context(widget));
     font_ = font != nullptr ? pango_font_description_copy(font) : pango_font_description_new();
@@ -93,8 +96,8 @@ class Painter {
   cairo_t* context_;
   bool isHighContrast_;
   GObjectPtr<PangoLayout> layout_;
+  GdkRGBA caption_;
   PangoFontDescription* font_ = nullptr;
-  GdkRGBA caption_{};
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "printing/SheetWords.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/SheetsPainter.h"
 
 namespace publishing {
@@ -30,49 +31,15 @@ constexpr double kHeightOfOthers = 600;
 
 constexpr double kUsualFont = 14.7;  // pixels; 11 points on most screens
 constexpr double kLargestScale = 4;
-constexpr double kPointsInAnInch = 72;
-
-// Larger texts make larger sheets.
-double fontScaleOf(GtkWidget* widget) {
-  PangoFontDescription* font = nullptr;
-  GtkStyleContext* style = gtk_widget_get_style_context(widget);
-  gtk_style_context_get(style, gtk_style_context_get_state(style), GTK_STYLE_PROPERTY_FONT, &font,
-                        nullptr);
-  double size = static_cast<double>(pango_font_description_get_size(font)) / PANGO_SCALE;
-  if (pango_font_description_get_size_is_absolute(font) == 0)
-    size *= gdk_screen_get_resolution(gtk_widget_get_screen(widget)) / kPointsInAnInch;
-  pango_font_description_free(font);
-  return std::clamp(size / kUsualFont, 1.0, kLargestScale);
-}
 
 }  // namespace
 
 SheetsView::SheetsView(std::function<void(const std::string&)> say)
     : say_(std::move(say)),
-      scroller_(shareGObject(gtk_scrolled_window_new(nullptr, nullptr))),
-      area_(gtk_drawing_area_new()) {
-  gtk_widget_set_can_focus(area_, TRUE);
-  gtk_widget_set_has_tooltip(area_, TRUE);
-  gtk_widget_add_events(area_, GDK_BUTTON_PRESS_MASK);
-  gtk_container_add(GTK_CONTAINER(widget()), area_);
-  auto* window = GTK_SCROLLED_WINDOW(widget());
-  gtk_scrolled_window_set_policy(window, GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
-  connect();
-  gtk_widget_show_all(widget());
-}
-
-void SheetsView::connect() {
-  const auto draw = [](GtkWidget*, cairo_t* context, gpointer self) -> gboolean {
-    guarded([&] { static_cast<SheetsView*>(self)->draw(context); });
-    return FALSE;
-  };
-  const auto allocated = [](GtkWidget*, GdkRectangle* place, gpointer self) {
-    auto& view = *static_cast<SheetsView*>(self);
-    if (place->width != view.width_) guarded([&] { view.layOut(); });
-  };
-  const auto restyled = [](GtkWidget*, gpointer self) {
-    guarded([&] { static_cast<SheetsView*>(self)->layOut(); });
-  };
+      area_(*this),
+      scroller_(shareGObject(GTK_WIDGET(
+          g_object_new(GTK_TYPE_SCROLLED_WINDOW, "child", area(), "hscrollbar-policy",
+                       GTK_POLICY_NEVER, "vscrollbar-policy", GTK_POLICY_AUTOMATIC, nullptr)))) {
   const auto turned = [](GtkWidget*, GtkTextDirection, gpointer self) {
     guarded([&] { static_cast<SheetsView*>(self)->layOut(); });
   };
@@ -84,40 +51,10 @@ void SheetsView::connect() {
     });
     return hasText ? TRUE : FALSE;
   };
-  const auto key = [](GtkWidget*, GdkEventKey* event, gpointer self) -> gboolean {
-    bool moved = false;
-    guarded([&] { moved = static_cast<SheetsView*>(self)->moveBy(event->keyval); });
-    return moved ? TRUE : FALSE;
-  };
-  const auto pressed = [](GtkWidget* area, GdkEventButton* event, gpointer self) -> gboolean {
-    auto& view = *static_cast<SheetsView*>(self);
-    gtk_widget_grab_focus(area);
-    guarded([&] { view.goTo(view.itemAt(event->x, event->y)); });
-    return TRUE;
-  };
-  const auto entered = [](GtkWidget*, GdkEventFocus*, gpointer self) -> gboolean {
-    auto& view = *static_cast<SheetsView*>(self);
-    guarded([&] { view.goTo(view.current_.value_or(0)); });
-    return FALSE;
-  };
-  const auto left = [](GtkWidget* area, GdkEventFocus*, gpointer self) -> gboolean {
-    auto& view = *static_cast<SheetsView*>(self);
-    guarded([&] {
-      view.describe();
-      view.say_({});
-    });
-    gtk_widget_queue_draw(area);
-    return FALSE;
-  };
-  handlers_.connect(area_, "draw", G_CALLBACK(+draw), this);
-  handlers_.connect(area_, "size-allocate", G_CALLBACK(+allocated), this);
-  handlers_.connect(area_, "style-updated", G_CALLBACK(+restyled), this);
-  handlers_.connect(area_, "direction-changed", G_CALLBACK(+turned), this);
-  handlers_.connect(area_, "query-tooltip", G_CALLBACK(+tooltip), this);
-  handlers_.connect(area_, "key-press-event", G_CALLBACK(+key), this);
-  handlers_.connect(area_, "button-press-event", G_CALLBACK(+pressed), this);
-  handlers_.connect(area_, "focus-in-event", G_CALLBACK(+entered), this);
-  handlers_.connect(area_, "focus-out-event", G_CALLBACK(+left), this);
+  gtk_widget_set_has_tooltip(area(), TRUE);
+  handlers_.connect(area(), "direction-changed", G_CALLBACK(+turned), this);
+  handlers_.connect(area(), "query-tooltip", G_CALLBACK(+tooltip), this);
+  toolkit::showWithChildren(widget());
 }
 
 void SheetsView::show(JobSheets job) {
@@ -128,17 +65,20 @@ void SheetsView::show(JobSheets job) {
 }
 
 void SheetsView::describe() {
-  AtkObject* accessible = gtk_widget_get_accessible(area_);
-  atk_object_set_role(accessible, ATK_ROLE_IMAGE);
-  atk_object_set_name(accessible, displayText(translated("Sheets")).c_str());
-  atk_object_set_description(accessible, displayText(sentenceOf(job_)).c_str());
+  area_.setName(displayText(translated("Sheets")));
+  area_.setDescription(displayText(sentenceOf(job_)));
+}
+
+void SheetsView::resized() {
+  if (area_.width() != width_) layOut();
 }
 
 // Without a place in a window yet, the picture waits for it.
 void SheetsView::layOut() {
-  width_ = gtk_widget_get_allocated_width(area_);
+  width_ = area_.width();
   if (width_ <= 1) return;
-  const double fontScale = fontScaleOf(area_);
+  // Larger texts make larger sheets.
+  const double fontScale = std::clamp(area_.fontSize() / kUsualFont, 1.0, kLargestScale);
   const double room = roomFor(fontScale);
   PictureOptions options;
   options.mostRows = kMostRows;
@@ -151,44 +91,41 @@ void SheetsView::layOut() {
   }
   fitScroller(room);
   if (current_ && *current_ >= picture_.items.size()) current_.reset();
-  gtk_widget_queue_draw(area_);
+  gtk_widget_queue_draw(area());
 }
 
 // How high the picture may be without being scrolled, in pixels.
 double SheetsView::roomFor(double fontScale) const {
-  GdkWindow* window = gtk_widget_get_window(area_);
-  if (window == nullptr) return kLeastHeight * fontScale;
-  GdkRectangle screen{};
-  gdk_monitor_get_workarea(
-      gdk_display_get_monitor_at_window(gdk_window_get_display(window), window), &screen);
-  const double spare = screen.height / fontScale - kHeightOfOthers;
+  const double spare = area_.screenHeight() / fontScale - kHeightOfOthers;
   return std::clamp(spare, kLeastHeight, kBestHeight) * fontScale;
 }
 
 void SheetsView::fitScroller(double room) {
   const auto whole = [](double pixels) { return static_cast<int>(std::ceil(pixels)); };
-  gtk_widget_set_size_request(area_, -1, whole(picture_.height * scale_));
+  gtk_widget_set_size_request(area(), -1, whole(picture_.height * scale_));
   gtk_scrolled_window_set_min_content_height(GTK_SCROLLED_WINDOW(widget()), whole(room));
 }
 
 bool SheetsView::isRightToLeft() const {
-  return gtk_widget_get_direction(area_) == GTK_TEXT_DIR_RTL;
+  return gtk_widget_get_direction(area()) == GTK_TEXT_DIR_RTL;
 }
 
-void SheetsView::draw(cairo_t* context) const {
+void SheetsView::paint(cairo_t* context) {
   cairo_save(context);
   // Rows that are shorter than the area begin at its right.
   if (isRightToLeft()) cairo_translate(context, width_ - picture_.width * scale_, 0);
   cairo_scale(context, scale_, scale_);
-  paintSheets(context, area_, picture_);
+  paintSheets(context, area(), picture_);
   cairo_restore(context);
-  if (gtk_widget_has_visible_focus(area_) != 0 && current_) drawFocus(context);
+  if (gtk_widget_has_visible_focus(area()) != 0 && current_)
+    area_.paintFocus(context, placeOf(*current_));
 }
 
-void SheetsView::drawFocus(cairo_t* context) const {
-  const GdkRectangle place = placeOf(*current_);
-  gtk_render_focus(gtk_widget_get_style_context(area_), context, place.x, place.y, place.width,
-                   place.height);
+void SheetsView::focusChanged(bool hasFocus) {
+  if (hasFocus) return goTo(current_.value_or(0));
+  describe();
+  say_({});
+  gtk_widget_queue_draw(area());
 }
 
 GdkRectangle SheetsView::placeOf(std::size_t item) const {
@@ -218,7 +155,7 @@ bool SheetsView::showTooltip(int x, int y, bool byKeyboard, GtkTooltip* tooltip)
 }
 
 // Whether the key is one that moves among the sheets.
-bool SheetsView::moveBy(guint key) {
+bool SheetsView::keyPressed(guint key) {
   if (picture_.items.empty()) return false;
   const std::size_t last = picture_.items.size() - 1;
   const std::size_t here = current_.value_or(0);
@@ -242,11 +179,11 @@ void SheetsView::goTo(std::optional<std::size_t> item) {
   current_ = item;
   const std::string words = wordsOf(job_, picture_.items[*item]);
   // A screen reader reads the new name of what has the focus.
-  atk_object_set_name(gtk_widget_get_accessible(area_), displayText(words).c_str());
+  area_.setName(displayText(words));
   const GdkRectangle place = placeOf(*item);
   GtkAdjustment* position = gtk_scrolled_window_get_vadjustment(GTK_SCROLLED_WINDOW(widget()));
   gtk_adjustment_clamp_page(position, place.y, place.y + place.height);
-  gtk_widget_queue_draw(area_);
+  gtk_widget_queue_draw(area());
   say_(words);
 }
 

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "shells/gtk/Toolkit.h"
+
+#include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/gtk4/RadioButton.h"
+
+namespace publishing::toolkit {
+
+const char* const kLibrary = "libgtk-4.so.1";
+
+std::string idOf(GObject* object) {
+  if (!GTK_IS_BUILDABLE(object)) return {};
+  const char* id = gtk_buildable_get_buildable_id(GTK_BUILDABLE(object));
+  if (id != nullptr) return g_str_has_prefix(id, "___") ? std::string() : id;
+  if (!GTK_IS_WIDGET(object)) return {};
+  // Without a name of its own, a widget has that of its type.
+  const std::string name = gtk_widget_get_name(GTK_WIDGET(object));
+  return name != G_OBJECT_TYPE_NAME(object) ? name : std::string();
+}
+
+std::vector<GtkWidget*> childrenOf(GtkWidget* parent) {
+  std::vector<GtkWidget*> children;
+  for (GtkWidget* child = gtk_widget_get_first_child(parent); child != nullptr;
+       child = gtk_widget_get_next_sibling(child))
+    children.push_back(child);
+  return children;
+}
+
+void append(GtkBox* box, GtkWidget* child) {
+  gtk_box_append(box, child);
+}
+
+void insertAfter(GtkBox* box, GtkWidget* child, GtkWidget* sibling) {
+  gtk_box_insert_child_after(box, child, sibling);
+}
+
+void remove(GtkBox* box, GtkWidget* child) {
+  gtk_box_remove(box, child);
+}
+
+void setInfoBarContent(GtkInfoBar* bar, GtkWidget* child) {
+  gtk_info_bar_add_child(bar, child);
+}
+
+void showWithChildren(GtkWidget* widget) {
+  gtk_widget_show(widget);
+}
+
+GtkWindow* windowOf(GtkWidget* widget) {
+  GtkRoot* root = gtk_widget_get_root(widget);
+  return GTK_IS_WINDOW(root) ? GTK_WINDOW(root) : nullptr;
+}
+
+void destroyWindow(GtkWindow* window) {
+  gtk_window_destroy(window);
+}
+
+int runDialog(GtkDialog* dialog) {
+  struct Run {
+    GMainLoop* loop;
+    int response;
+  };
+  const auto responded = [](GtkDialog*, int response, gpointer run) {
+    static_cast<Run*>(run)->response = response;
+    g_main_loop_quit(static_cast<Run*>(run)->loop);
+  };
+  const auto hidden = [](GtkWidget*, gpointer run) {
+    g_main_loop_quit(static_cast<Run*>(run)->loop);
+  };
+  const auto kept = shareGObject(dialog);
+  Run run{g_main_loop_new(nullptr, FALSE), GTK_RESPONSE_NONE};
+  const gulong handlers[] = {g_signal_connect(dialog, "response", G_CALLBACK(+responded), &run),
+                             g_signal_connect(dialog, "unmap", G_CALLBACK(+hidden), &run),
+                             g_signal_connect(dialog, "destroy", G_CALLBACK(+hidden), &run)};
+  gtk_window_present(GTK_WINDOW(dialog));
+  g_main_loop_run(run.loop);
+  for (const gulong handler : handlers)
+    if (g_signal_handler_is_connected(dialog, handler) != 0)
+      g_signal_handler_disconnect(dialog, handler);
+  g_main_loop_unref(run.loop);
+  return run.response;
+}
+
+bool isActive(GtkCheckButton* button) {
+  return gtk_check_button_get_active(button) != 0;
+}
+
+void setActive(GtkCheckButton* button, bool active) {
+  gtk_check_button_set_active(button, active ? TRUE : FALSE);
+}
+
+bool isMixed(GtkCheckButton* button) {
+  return gtk_check_button_get_inconsistent(button) != 0;
+}
+
+void setMixed(GtkCheckButton* button, bool mixed) {
+  gtk_check_button_set_inconsistent(button, mixed ? TRUE : FALSE);
+}
+
+bool isRadioButton(GObject* object) {
+  return g_type_is_a(G_OBJECT_TYPE(object), radioButtonType()) != 0;
+}
+
+GtkCheckButton* newRadioButton(GtkCheckButton* member) {
+  auto* button = GTK_CHECK_BUTTON(g_object_new(radioButtonType(), nullptr));
+  gtk_check_button_set_group(button, member);
+  return button;
+}
+
+std::string textOf(GtkEntry* entry) {
+  return gtk_editable_get_text(GTK_EDITABLE(entry));
+}
+
+void setText(GtkEntry* entry, const std::string& text) {
+  gtk_editable_set_text(GTK_EDITABLE(entry), text.c_str());
+}
+
+GtkWidget* editedPartOf(GtkEntry* entry) {
+  return GTK_WIDGET(gtk_editable_get_delegate(GTK_EDITABLE(entry)));
+}
+
+// Menus scroll.
+void showAsList(GtkComboBox* /*comboBox*/) {}
+
+GtkPopover* newHint(GtkWidget* field, GtkWidget* content) {
+  GtkWidget* popover = gtk_popover_new();
+  gtk_popover_set_autohide(GTK_POPOVER(popover), FALSE);
+  gtk_popover_set_position(GTK_POPOVER(popover), GTK_POS_BOTTOM);
+  gtk_widget_set_can_focus(popover, FALSE);
+  gtk_popover_set_child(GTK_POPOVER(popover), content);
+  gtk_widget_set_parent(popover, field);
+  return GTK_POPOVER(popover);
+}
+
+void destroyHint(GtkPopover* hint) {
+  gtk_widget_unparent(GTK_WIDGET(hint));
+}
+
+guint32 eventTime() {
+  return GDK_CURRENT_TIME;
+}
+
+GdkRGBA textColourOf(GtkWidget* widget) {
+  GdkRGBA colour{};
+  gtk_style_context_get_color(gtk_widget_get_style_context(widget), &colour);
+  return colour;
+}
+
+}  // namespace publishing::toolkit
