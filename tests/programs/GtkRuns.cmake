@@ -1,14 +1,4 @@
 # SPDX-License-Identifier: Apache-2.0
-# Whole runs from outside, through the accessibility bus, on a display of their own.
-set(run_environment NO_AT_BRIDGE= PYTHONDONTWRITEBYTECODE=1
-  "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support")
-set(with_display "${PROJECT_SOURCE_DIR}/tests/support/with-display")
-function(publishing_add_run name script)
-  add_test(NAME ${name}
-    COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
-      /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
-endfunction()
-
 publishing_add_run(publishing-dialog-run dialog/publishing-dialog_run.py
   $<TARGET_FILE:publishing-dialog> "${PROJECT_SOURCE_DIR}")
 
@@ -34,21 +24,15 @@ endforeach()
 if(NOT PUBLISHING_SANITIZE)
   publishing_add_run(extension-portal extension/portal_run.py "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 endif()
-# The same in print dialogs of Qt, for a program of our own.
-foreach(major IN LISTS PUBLISHING_QT)
-  foreach(case whole-run two-at-once destroyed
-          # without the tab
-          switched-off no-panel-library broken-panel-library no-folder)
-    publishing_add_run(qt${major}-${case} extension/qt_run.py
-      "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${major} ${case})
-  endforeach()
-endforeach()
 add_custom_target(extension-table
   COMMAND ${CMAKE_COMMAND} -E env ${run_environment} "${with_display}"
-    /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/extension_run.py"
-    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" --table
+    /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/extension_table.py"
+    "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}"
   USES_TERMINAL VERBATIM)
 add_dependencies(extension-table publishing-extension print-dialog print-operation gtkmm-print)
+foreach(major IN LISTS PUBLISHING_QT)
+  add_dependencies(extension-table publishing-qt${major}-proxy)
+endforeach()
 
 # Errors and losses of memory in three dialogs; a sanitizer and valgrind do not go together.
 set(memcheck ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1

@@ -2,14 +2,12 @@
 # SPDX-License-Identifier: Apache-2.0
 """The extension in programs that know nothing of it, from outside, against a print server of its own:
 extension_run.py BUILD_FOLDER PROJECT_FOLDER CASE...
-extension_run.py BUILD_FOLDER PROJECT_FOLDER --table   writes the table in docs/extension.md anew
 
 Runs under tests/support/with-display with NO_AT_BRIDGE empty.
 """
 
 import os
 import shutil
-import subprocess
 import sys
 import tempfile
 
@@ -350,22 +348,6 @@ CASES = {function.__name__.replace("_", "-"): function for function in (
     broken_ppd, process_untouched)}
 
 
-
-def version_of(*command):
-    return subprocess.run(command, text=True, capture_output=True, check=True).stdout.splitlines()[0]
-
-
-def programs_of_the_table():
-    gtkmm_version = version_of("pkg-config", "--modversion", "gtkmm-3.0")
-    return {"evince": version_of("evince", "--version"),
-            "mousepad": version_of("mousepad", "--version").split(" - ")[0],
-            "gtkmm": f"a program with gtkmm {gtkmm_version}",
-            "own-dialog": "a program with a print dialog and a job of its own",
-            "header-bar": "the same with buttons in the header bar",
-            "operation": "a program with a print operation",
-            "operation-async": "the same, run asynchronously"}
-
-
 def run(build, project, case, steps=None):
     """Runs a case; `steps`, if any, gets how many of the STEPS passed."""
     with tempfile.TemporaryDirectory() as folder:
@@ -379,40 +361,10 @@ def run(build, project, case, steps=None):
                 steps[case] = desk.passed
 
 
-def table(build, project):
-    steps = {}
-    programs = programs_of_the_table()
-    for case in programs:
-        # What one case leaves in the user's settings is none of the next one's.
-        shutil.rmtree(os.environ["XDG_CONFIG_HOME"], ignore_errors=True)
-        try:
-            run(build, project, case, steps)
-        except SystemExit as failure:
-            print(f"{case}: {failure}", file=sys.stderr)
-    rows = [["", *STEPS], ["---"] * (len(STEPS) + 1)]
-    for case, program in programs.items():
-        rows.append([program, *("yes" if step < steps[case] else "no"
-                                for step in range(len(STEPS)))])
-    return "".join("| " + " | ".join(row) + " |\n" for row in rows)
-
-
-def write_table(build, project):
-    begin, end = "<!-- table -->\n", "<!-- end of the table -->\n"
-    path = os.path.join(project, "docs/extension.md")
-    with open(path, encoding="utf-8") as file:
-        text = file.read()
-    before, after = text.split(begin)[0], text.split(end)[1]
-    with open(path, "w", encoding="utf-8") as file:
-        file.write(before + begin + table(build, project) + end + after)
-
-
 def main():
     build, project, *cases = sys.argv[1:]
-    if cases == ["--table"]:
-        write_table(build, project)
-    else:
-        for case in cases:
-            run(build, project, case)
+    for case in cases:
+        run(build, project, case)
 
 
 if __name__ == "__main__":
