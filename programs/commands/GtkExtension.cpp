@@ -5,7 +5,6 @@
 
 #include "base/Translation.h"
 #include "base/UserFolders.h"
-#include "printing/PrintError.h"
 #include "programs/gtk-settings/SettingsChange.h"
 #include "programs/terminal/Terminal.h"
 #include "shells/ExtensionNames.h"
@@ -14,15 +13,6 @@ namespace publishing {
 namespace {
 
 using nlohmann::json;
-
-// Another user's file would become this user's, or the other way round.
-void checkOwner(const GtkSettingsFile& file) {
-  const auto fault = faultOfOwner(std::filesystem::path(file.path()).parent_path());
-  if (!fault) return;
-  throw PrintError::trouble(
-      translated("%s cannot be changed: %s. Check HOME and XDG_CONFIG_HOME; nothing was changed.",
-                 shown(file.path()), *fault));
-}
 
 }  // namespace
 
@@ -39,7 +29,7 @@ ExitStatus GtkExtension::enable() {
   if (gtk_ == GtkVersion::Gtk4 && !isFound()) return kDone;
   change_ = Change::None;
   if (!isListed()) {
-    if (!system_) checkOwner(file_);
+    if (!system_) checkOwner(file_.path());
     change_ = file_.enable(inheritedBackends(places_, file_.path()));
     backends_ = printBackends(places_, !system_);
   }

@@ -50,7 +50,10 @@ ExitStatus QtExtension::enable() {
     change_ = file_.disable();  // with what cannot be loaded, programs would have no printers
     return kRefused;
   }
-  if (enabledBy().empty()) change_ = file_.enable(places_.folder);
+  if (enabledBy().empty()) {
+    if (!system_) checkOwner(file_.path());
+    change_ = file_.enable(places_.folder);
+  }
   return kDone;
 }
 

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/Translation.h"
+#include "base/UserFolders.h"
 #include "printing/PrintError.h"
 
 namespace publishing {
@@ -36,6 +37,14 @@ GtkSettingsFile::Change changeSettings(
                              : translated("Check the file system and its free space; "
                                           "nothing was changed.")));
   }
+}
+
+void checkOwner(const std::string& path) {
+  const auto fault = faultOfOwner(fs::path(path).parent_path());
+  if (!fault) return;
+  throw PrintError::trouble(
+      translated("%s cannot be changed: %s. Check HOME and XDG_CONFIG_HOME; nothing was changed.",
+                 shown(path), *fault));
 }
 
 const char* nameOf(GtkSettingsFile::Change change) {

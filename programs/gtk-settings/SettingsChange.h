@@ -16,6 +16,10 @@ GtkSettingsFile::Change changeSettings(
     const std::string& path, const std::string& remedy,
     const std::function<GtkSettingsFile::Change(const std::filesystem::path& target)>& change);
 
+// Throws PrintError (Trouble) when the folder of a user's settings file is another user's, or
+// anyone's: such a file would become this user's, or the other way round.
+void checkOwner(const std::string& path);
+
 // What was done, in JSON: "none", "written", "removed".
 const char* nameOf(GtkSettingsFile::Change change);
 

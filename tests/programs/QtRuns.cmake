@@ -8,7 +8,7 @@ foreach(major IN LISTS PUBLISHING_QT)
 
   foreach(case whole-run print-to-file two-at-once destroyed
           # without the tab
-          switched-off no-panel-library broken-panel-library no-folder)
+          switched-off no-panel-library broken-panel-library broken-proxy no-folder)
     publishing_add_run(qt${major}-${case} extension/qt_run.py
       "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${major} ${case})
   endforeach()

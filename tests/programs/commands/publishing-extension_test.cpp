@@ -299,6 +299,17 @@ TEST_F(PublishingQtExtension, IsTriedBeforeAProgramCouldLoseItsPrinters) {
   EXPECT_EQ(qt({"enable", "--json"})["faults"].size(), 1U);
 }
 
+TEST_F(PublishingQtExtension, IsNotSwitchedOnInAFolderThatAnyoneCanWriteTo) {
+  const std::filesystem::path folder = folder_ / "user/environment.d";
+  std::filesystem::create_directories(folder);
+  std::filesystem::permissions(folder, std::filesystem::perms::all);
+  const Outcome refused = run({"enable", "--toolkit", "qt"});
+  EXPECT_EQ(refused.status, 3);
+  EXPECT_THAT(refused.errors, AllOf(HasSubstr(file_ + " cannot be changed: anyone can write to"),
+                                    HasSubstr("nothing was changed")));
+  EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
 TEST_F(PublishingQtExtension, LeavesAForeignFileAlone) {
   std::filesystem::create_directories(folder_ / "user/environment.d");
   (void)folder_.file("user/environment.d/60-publishing.conf", "QT_PLUGIN_PATH=/mine\n");

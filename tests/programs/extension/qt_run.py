@@ -7,6 +7,7 @@ Runs under tests/support/with-display with NO_AT_BRIDGE empty.
 """
 
 import os
+import subprocess
 import sys
 import tempfile
 
@@ -86,6 +87,20 @@ def broken_panel_library(desk):
     print_bare(desk, "install it again")
 
 
+def broken_proxy(desk):
+    """What would leave Qt's programs without printers is not switched on."""
+    copy = desk.copy_libraries()
+    desk.write(f"qt/printsupport/libpublishing-print{desk.version}.so", "no library")
+    settings = os.path.join(desk.folder, "settings")
+    enabled = subprocess.run(
+        [os.path.join(desk.build, "bin/publishing"), "extension", "enable", "--toolkit", "qt"],
+        env={**os.environ, "PUBLISHING_QT_PLUGINS": copy, "XDG_CONFIG_HOME": settings},
+        text=True, capture_output=True, check=False)
+    check(enabled.returncode == 1, f"enable ended with {enabled.returncode}")
+    check(f"Qt {desk.version} cannot load the panel" in enabled.stderr, enabled.stderr)
+    check(not os.path.exists(settings), "something was written")
+
+
 def no_folder(desk):
     """After the package was removed the session still names its folder."""
     desk.libraries = os.path.join(desk.folder, "nowhere")
@@ -94,7 +109,7 @@ def no_folder(desk):
 
 CASES = {function.__name__.replace("_", "-"): function for function in (
     whole_run, print_to_file, two_at_once, destroyed, switched_off, no_panel_library,
-    broken_panel_library, no_folder)}
+    broken_panel_library, broken_proxy, no_folder)}
 
 
 def main():
