@@ -48,7 +48,7 @@ bool asksForJson(int count, const char* const* arguments) {
 }  // namespace
 
 ExitStatus runCommandLine(int count, const char* const* arguments) {
-  CLI::App app(translated("Print with covers and inserted sheets on Zephrel printers"),
+  CLI::App app(translated("Print with covers and inserted sheets"),
                "publishing");
   translateHeadings(app);
   app.set_help_flag("-h,--help", translated("Show this help"));
