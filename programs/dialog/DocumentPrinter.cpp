@@ -10,6 +10,7 @@
 
 #include "base/Translation.h"
 #include "printing/PrintError.h"
+#include "shells/gtk/dialog/PrintedPages.h"
 
 namespace publishing {
 namespace {
@@ -31,6 +32,15 @@ int openDocument(const std::string& path) {
   return file;
 }
 
+// GTK leaves the choice of pages to programs that draw them one by one. This one sends the whole
+// document, and the print server takes the pages out of it.
+void leavePagesToTheServer(GtkPrintSettings* settings) {
+  const std::string ranges = pageRangesOf(settings);
+  const std::string set = pageSetOf(settings);
+  if (!ranges.empty()) gtk_print_settings_set(settings, "cups-page-ranges", ranges.c_str());
+  if (!set.empty()) gtk_print_settings_set(settings, "cups-page-set", set.c_str());
+}
+
 }  // namespace
 
 ExitStatus DocumentPrinter::run() {
@@ -47,6 +57,7 @@ ExitStatus DocumentPrinter::send() {
   GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog_);
   const std::string name = gtk_printer_get_name(printer);
   const GObjectPtr<GtkPrintSettings> settings(gtk_print_unix_dialog_get_settings(dialog_));
+  leavePagesToTheServer(settings.get());
   const GObjectPtr<GtkPrintJob> job(
       gtk_print_job_new(document_.defaultTitle().c_str(), printer, settings.get(),
                         gtk_print_unix_dialog_get_page_setup(dialog_)));

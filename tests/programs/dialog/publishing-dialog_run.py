@@ -5,8 +5,8 @@ server of its own: publishing-dialog_run.py PROGRAM PROJECT_FOLDER.
 
 A user opens the dialog, chooses covers and inserted sheets, presses Print on a bad page list, reads
 the alert, corrects the list and prints; what reached the printer is checked. A second dialog shows
-what was stored. Without its extension the program says so. Runs under tests/support/with-display with
-NO_AT_BRIDGE empty.
+what was stored, a third one prints some of the pages. Without its extension the program says so. Runs
+under tests/support/with-display with NO_AT_BRIDGE empty.
 """
 
 import os
@@ -24,6 +24,16 @@ def check_extension_is_missed(program, document, folder):
     run = subprocess.run([alone, document], text=True, capture_output=True, check=False)
     check(run.returncode == 3, f"status {run.returncode} without the extension")
     check("libprintbackend-publishing.so is missing" in run.stderr, f"message: {run.stderr}")
+
+
+def check_page_range(dialog, server):
+    """Only the pages that the user asks for are printed."""
+    dialog.act("radio button", "Pages:")
+    dialog.find("text", "Pages").set_text_contents("2-5")
+    dialog.press("Print")
+    check(dialog.wait_for_end() == 0, "the dialog did not end well")
+    check("page-ranges=2-5" in server.options(server.job(2)), "the pages are lost")
+    check_calm(dialog)
 
 
 def main():
@@ -45,6 +55,7 @@ def main():
             second.press("Cancel")
             check(second.wait_for_end() == 0, "the cancelled dialog did not end well")
             check_calm(second)
+            check_page_range(Program([program, document], log), server)
         finally:
             server.stop()
 
