@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Which pages of the document the user of a print dialog wants, as the print server's options say it.
+// Which pages of the document a print dialog asks for, in the words of the print server's options.
 #pragma once
 
 #include <string>
