@@ -89,7 +89,8 @@ Times measure(const std::string& path) {
   auto bundle = std::make_shared<GtkBundle>("");
   std::unique_ptr<HostedPanel> panel;
   times.opening = timeOf([&] {
-    panel = std::make_unique<HostedPanel>(std::move(printer), DialogJob(), bundle, [] {});
+    panel = std::make_unique<HostedPanel>(std::move(printer), DialogJob(), bundle,
+                                          [](const std::string&) {});
     auto& view = dynamic_cast<GtkView&>(*panel->open(DialogJob()));
     gtk_container_add(GTK_CONTAINER(window), view.widget());
     gtk_widget_show(window);
@@ -98,7 +99,7 @@ Times measure(const std::string& path) {
   times.gesture = timeOf([&] {
     auto* box = bundle->interface()->checkBox("CmCheckBox");
     gtk_button_clicked(GTK_BUTTON(box->widget()));
-    panel->noteGesture();
+    panel->noteGesture("CmCheckBox");
     panel->media();
     panel->showReasons(kPlaces);
     settle();
