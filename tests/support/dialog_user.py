@@ -178,7 +178,6 @@ class Program(User):
             application = desktop.get_child_at_index(index)
             if application and application.get_process_id() == self.process.pid:
                 return application
-        desktop.clear_cache()  # news of a program that comes just now can be missed
         return None
 
     def windows(self):
