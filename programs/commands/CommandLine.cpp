@@ -48,8 +48,7 @@ bool asksForJson(int count, const char* const* arguments) {
 }  // namespace
 
 ExitStatus runCommandLine(int count, const char* const* arguments) {
-  CLI::App app(translated("Print with covers and inserted sheets"),
-               "publishing");
+  CLI::App app(translated("Print with covers and inserted sheets"), "publishing");
   translateHeadings(app);
   app.set_help_flag("-h,--help", translated("Show this help"));
   app.set_version_flag("--version", "publishing " PUBLISHING_VERSION,
