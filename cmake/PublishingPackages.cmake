@@ -4,6 +4,7 @@
 #   program        publishing                the command line, completion, translations
 #   printer        publishing-printer        the filter for print servers
 #   dialog         publishing-print-dialog   the extension, publishing-dialog, help, desktop files
+#   gtk4           publishing-gtk4           the extension for GTK 4's print dialogs
 #   qt5, qt6       publishing-qt5, -qt6      the extension for Qt's print dialogs, where there is that Qt
 #   documentation  publishing-doc            the documents of docs/
 set(PUBLISHING_MAINTAINER "The Publishing authors <publishing@zephrel.com>"
@@ -26,10 +27,15 @@ foreach(file IN ITEMS "${CMAKE_CURRENT_BINARY_DIR}/changelog=changelog.Debian" "
     DEPENDS "${source}" VERBATIM)
 endforeach()
 add_custom_target(package-changelogs ALL DEPENDS changelog.Debian.gz changelog.gz)
-set(qt_packages ${PUBLISHING_QT})
-list(TRANSFORM qt_packages REPLACE "(.+)" "qt\\1=publishing-qt\\1")
-foreach(component program=publishing printer=publishing-printer dialog=publishing-print-dialog ${qt_packages}
-        documentation=publishing-doc)
+set(toolkits ${PUBLISHING_QT})  # those with a package each, beside the dialog's
+list(TRANSFORM toolkits PREPEND qt)
+if(PUBLISHING_GTK4)
+  list(PREPEND toolkits gtk4)
+endif()
+set(toolkit_packages ${toolkits})
+list(TRANSFORM toolkit_packages REPLACE "(.+)" "\\1=publishing-\\1")
+foreach(component program=publishing printer=publishing-printer dialog=publishing-print-dialog
+        ${toolkit_packages} documentation=publishing-doc)
   string(REPLACE "=" ";" component "${component}")
   list(GET component 1 package)
   list(GET component 0 component)
@@ -44,10 +50,7 @@ endforeach()
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DIRECTORY "${CMAKE_BINARY_DIR}/packages")
-set(CPACK_COMPONENTS_ALL program printer dialog documentation)
-foreach(major IN LISTS PUBLISHING_QT)
-  list(APPEND CPACK_COMPONENTS_ALL qt${major})
-endforeach()
+set(CPACK_COMPONENTS_ALL program printer dialog ${toolkits} documentation)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${PUBLISHING_MAINTAINER}")
@@ -64,8 +67,8 @@ set(same "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "cups, cups-filters")
 set(program_suggests "publishing-print-dialog ${same}, publishing-doc")
-foreach(major IN LISTS PUBLISHING_QT)
-  string(APPEND program_suggests ", publishing-qt${major} ${same}")
+foreach(toolkit IN LISTS toolkits)
+  string(APPEND program_suggests ", publishing-${toolkit} ${same}")
 endforeach()
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "${program_suggests}")
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
@@ -105,6 +108,27 @@ it is switched on by \"publishing extension enable --system\". It also has a
 program that opens such a dialog for a document.")
 
 # The help book is in publishing-print-dialog.
+if(PUBLISHING_GTK4)
+  set(CPACK_DEBIAN_GTK4_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_GTK4_PACKAGE_DEPENDS "publishing ${same}")
+  set(CPACK_DEBIAN_GTK4_PACKAGE_RECOMMENDS "cups, publishing-print-dialog ${same}")
+  set(modules "${CMAKE_INSTALL_PREFIX}/${PUBLISHING_GTK4_PRINTBACKENDS_DIR}")
+  pkg_get_variable(gio_querymodules gio-2.0 gio_querymodules)
+  foreach(script postinst prerm postrm)
+    configure_file("${debian}/gtk4/${script}.in" gtk4/${script} @ONLY
+                   FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+                                    WORLD_READ WORLD_EXECUTE)
+    list(APPEND CPACK_DEBIAN_GTK4_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_BINARY_DIR}/gtk4/${script}")
+  endforeach()
+  set(CPACK_DEBIAN_GTK4_DESCRIPTION
+"covers and inserted sheets on Zephrel printers: GTK 4 print dialogs
+Prints documents with a front cover, or a front and a back cover, on paper of
+their own, and with sheets of another paper inserted between their pages, on
+PostScript printers of the Zephrel family.
+
+This package gives the print dialogs of all GTK 4 programs a tab for that, once
+it is switched on by \"publishing extension enable --system\".")
+endif()
 foreach(major IN LISTS PUBLISHING_QT)
   set(CPACK_DEBIAN_QT${major}_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_QT${major}_PACKAGE_DEPENDS "publishing ${same}")
