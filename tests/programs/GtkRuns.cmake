@@ -16,12 +16,27 @@ foreach(case
     switched-off switched-off-by-rule another-gtk no-panel-library other-panel-library
     setting-cleared
     # more than one dialog, other printers, faults
-    twice-in-own-dialog twice-in-operation replaced-meanwhile two-at-once other-printers broken-ppd
-    process-untouched)
+    twice-in-own-dialog twice-in-operation replaced-meanwhile two-at-once destroyed
+    other-printers broken-ppd process-untouched)
   publishing_add_run(extension-${case} extension/extension_run.py
     "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${case})
 endforeach()
-if(NOT PUBLISHING_SANITIZE)
+if(PUBLISHING_GTK4)
+  if(NOT PUBLISHING_SANITIZE)
+    find_program(GNOME_TEXT_EDITOR gnome-text-editor REQUIRED)
+    find_program(GTK4_PRINT_EDITOR gtk4-print-editor REQUIRED)
+    set(foreign text-editor print-editor)
+  endif()
+  foreach(case
+      operation operation-async own-dialog header-bar ${foreign}
+      switched-off switched-off-by-rule no-panel-library other-panel-library setting-cleared
+      twice-in-own-dialog twice-in-operation replaced-meanwhile two-at-once
+      other-printers broken-ppd process-untouched)
+    publishing_add_run(gtk4-${case} extension/gtk4_run.py
+      "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" ${case})
+  endforeach()
+endif()
+if(PUBLISHING_GTK4 AND NOT PUBLISHING_SANITIZE)
   publishing_add_run(extension-portal extension/portal_run.py "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 endif()
 add_custom_target(extension-table
@@ -33,6 +48,9 @@ add_dependencies(extension-table publishing-extension print-dialog print-operati
 foreach(major IN LISTS PUBLISHING_QT)
   add_dependencies(extension-table publishing-qt${major}-proxy)
 endforeach()
+if(PUBLISHING_GTK4)
+  add_dependencies(extension-table publishing-gtk4-extension gtk4-print-dialog gtk4-print-operation)
+endif()
 
 # Errors and losses of memory in three dialogs; a sanitizer and valgrind do not go together.
 set(memcheck ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1
@@ -54,6 +72,9 @@ add_custom_target(program-screenshots
     "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/screenshots"
   VERBATIM)
 add_dependencies(program-screenshots publishing-extension)
+if(PUBLISHING_GTK4)
+  add_dependencies(program-screenshots publishing-gtk4-extension)
+endif()
 add_dependencies(screenshots program-screenshots)
 
 # The same from where everything was installed to.

@@ -90,12 +90,17 @@ class User:
         places = []
 
         def place_is_steady():
-            place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+            place = self.place_of(node)
             places.append((place.x + place.width // 2, place.y + place.height // 2))
-            showing = node.get_state_set().contains(Atspi.StateType.SHOWING)
-            return showing and len(places) >= 5 and len(set(places[-5:])) == 1
+            return self.is_showing(node) and len(places) >= 5 and len(set(places[-5:])) == 1
         wait_for(f"“{node.get_name()}” to stay in its place", place_is_steady, self.describe)
         subprocess.run(["xdotool", "mousemove", *map(str, places[-1]), "click", "1"], check=True)
+
+    def place_of(self, node):
+        return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+
+    def is_showing(self, node):
+        return node.get_state_set().contains(Atspi.StateType.SHOWING)
 
     def tick(self, name):
         self.act("check box", name)
@@ -163,6 +168,8 @@ class User:
 class Program(User):
     """A running program, all its windows, and its messages in the file `log`."""
 
+    user = User  # at one of its windows
+
     def __init__(self, command, log, environment=None, folder=None):
         self.log = log
         # The accessibility bus is there before the program looks for it.
@@ -192,13 +199,13 @@ class Program(User):
         def find():
             return next((one for one in self.windows() if one.get_name() == title), None)
         wait_for(f"the window “{title}”", find, self.describe)
-        return User(find, self.describe)
+        return self.user(find, self.describe)
 
     def alert(self):
         """The user at the message that waits for an answer."""
         def find():
             return next((one for one in self.windows() if one.get_role_name() == "alert"), None)
-        return User(find, self.describe)
+        return self.user(find, self.describe)
 
     def describe_windows(self):
         """What an accessibility tool sees now, for the message of a failed run."""

@@ -50,7 +50,15 @@ SETTINGS = "[Settings]\ngtk-print-backends={backends}\n{more}"
 
 
 class Desk:
-    """A desktop of the test's own, whose settings name the extension, with a print server."""
+    """A desktop of the test's own, whose settings name the extension, with a print server. Its
+    programs have GTK 3."""
+
+    settings = "etc/gtk-3.0/settings.ini"
+    modules = "gtk-3.0/3.0.0/printbackends"
+    loader = "libprintbackend-publishing.so"
+    panel = "libpublishing-panel.so"  # in the loader's folder
+    stranger = "{}"
+    program = Program
 
     def __init__(self, build, project, folder):
         self.build, self.project, self.folder = build, project, folder
@@ -63,7 +71,7 @@ class Desk:
         self.server = PrintServer(project, os.path.join(folder, "cups"))
 
     def write_settings(self, backends="file,cups,publishing", more=""):
-        self.write("etc/gtk-3.0/settings.ini", SETTINGS.format(backends=backends, more=more))
+        self.write(self.settings, SETTINGS.format(backends=backends, more=more))
 
     def write(self, name, text):
         path = os.path.join(self.folder, name)
@@ -73,25 +81,25 @@ class Desk:
 
     def library_folder(self):
         for folder, _, files in os.walk(os.path.join(self.build, "lib")):
-            if "libprintbackend-publishing.so" in files:
+            if folder.endswith(self.modules) and self.loader in files:
                 return folder
         sys.exit(f"there is no extension below {self.build}/lib")
 
     def copy_libraries(self, *names):
         """A folder of its own with some of the extension's files, where programs look from now on."""
-        folder = os.path.join(self.folder, "gtk/3.0.0/printbackends")
-        os.makedirs(folder)
-        for name in names:
-            shutil.copy(os.path.join(self.library_folder(), name), folder)
-        os.environ["GTK_PATH"] = os.path.join(self.folder, "gtk")
+        folder = os.path.join(self.folder, self.modules)
+        shutil.copytree(self.library_folder(), folder)
+        for name in {self.loader, self.panel} - set(names):
+            os.remove(os.path.join(folder, name))
+        os.environ["GTK_PATH"] = os.path.dirname(os.path.dirname(folder))
         return folder
 
     def start(self, name, *arguments, **environment):
         self.log_count += 1
         log = os.path.join(self.folder, f"log-{self.log_count}")
-        stranger = os.path.join(self.build, "tests/strangers", name)
+        stranger = os.path.join(self.build, "tests/strangers", self.stranger.format(name))
         program = stranger if os.path.exists(stranger) else name
-        return Program([program, *arguments], log, environment, self.folder)
+        return self.program([program, *arguments], log, environment, self.folder)
 
     def leaky(self):
         """Leaks of the program or of the toolkit are none of our business."""
@@ -217,14 +225,13 @@ def another_gtk(desk):
 
 
 def no_panel_library(desk):
-    desk.copy_libraries("libprintbackend-publishing.so")
-    bare_run(desk, "libpublishing-panel.so")
+    desk.copy_libraries(desk.loader)
+    bare_run(desk, os.path.basename(desk.panel))
 
 
 def other_panel_library(desk):
-    folder = desk.copy_libraries("libprintbackend-publishing.so")
-    shutil.copy(os.path.join(folder, "libprintbackend-publishing.so"),
-                os.path.join(folder, "libpublishing-panel.so"))
+    folder = desk.copy_libraries(desk.loader)
+    shutil.copy(os.path.join(folder, desk.loader), os.path.join(folder, desk.panel))
     bare_run(desk, "publishing_panel_attach")
 
 
@@ -262,7 +269,7 @@ def twice_in_operation(desk):
 
 def replaced_meanwhile(desk):
     """An upgrade under a running program, which goes on with what it has."""
-    names = ("libprintbackend-publishing.so", "libpublishing-panel.so")
+    names = (desk.loader, desk.panel)
     folder = desk.copy_libraries(*names)
     program = desk.start("print-dialog", "--times", "2", desk.document)
     program.window("Stranger 1").find("page tab", TAB)
@@ -283,6 +290,16 @@ def two_at_once(desk):
     first.act("push button", "Print")
     wait_until_closed(program)
     check_job(desk.server, 2)
+
+
+def destroyed(desk):
+    """The program destroys the dialog while the user reads an alert of the panel."""
+    program = desk.start("print-dialog", "--destroy", desk.document)
+    dialog = program.window("Stranger 1")
+    choose(dialog, "1")
+    dialog.press("Print")
+    wait_until_closed(program)
+    check(desk.server.jobs() == [], "something was printed")
 
 
 def other_printers(desk):
@@ -344,17 +361,17 @@ def process_untouched(desk):
 CASES = {function.__name__.replace("_", "-"): function for function in (
     operation, operation_async, own_dialog, header_bar, gtkmm, evince, mousepad, hidden_functions, switched_off,
     switched_off_by_rule, another_gtk, no_panel_library, other_panel_library, setting_cleared,
-    twice_in_own_dialog, twice_in_operation, replaced_meanwhile, two_at_once, other_printers,
+    twice_in_own_dialog, twice_in_operation, replaced_meanwhile, two_at_once, destroyed, other_printers,
     broken_ppd, process_untouched)}
 
 
-def run(build, project, case, steps=None):
-    """Runs a case; `steps`, if any, gets how many of the STEPS passed."""
+def run(build, project, case, steps=None, kind=Desk, cases=None):
+    """Runs a case on that kind of desk; `steps`, if any, gets how many of the STEPS passed."""
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
-        desk = Desk(build, project, folder)
+        desk = kind(build, project, folder)
         try:
-            CASES[case](desk)
+            (cases or CASES)[case](desk)
         finally:
             desk.server.stop()
             if steps is not None:

@@ -12,6 +12,7 @@ import subprocess
 import sys
 
 import extension_run
+import gtk4_run
 import qt_programs_run
 from extension_run import STEPS
 
@@ -35,6 +36,16 @@ def gtk_programs():
             "operation-async": "the same, run asynchronously"}
 
 
+def gtk4_programs():
+    gtk = version_of("libgtk-4-1")
+    return {"text-editor": f"GNOME Text Editor {version_of('gnome-text-editor')} (GTK 4)",
+            "print-editor": f"GTK Print Editor {gtk} (GTK 4)",
+            "own-dialog": "a program with a print dialog and a job of its own (GTK 4)",
+            "header-bar": "the same with buttons in the header bar (GTK 4)",
+            "operation": "a program with a print operation (GTK 4)",
+            "operation-async": "the same, run asynchronously (GTK 4)"}
+
+
 def qt_programs():
     return {program: f"{facts.name} {version_of(program)} (Qt {facts.qt})"
             for program, facts in qt_programs_run.PROGRAMS.items()}
@@ -56,6 +67,7 @@ def rows(script, programs, build, project):
 def table(build, project):
     lines = [["", *STEPS], ["---"] * (len(STEPS) + 1),
              *rows(extension_run, gtk_programs(), build, project),
+             *rows(gtk4_run, gtk4_programs(), build, project),
              *rows(qt_programs_run, qt_programs(), build, project)]
     return "".join("| " + " | ".join(line) + " |\n" for line in lines)
 

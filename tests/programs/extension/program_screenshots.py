@@ -11,8 +11,8 @@ import sys
 import tempfile
 import time
 
-from dialog_user import Atspi
 from extension_run import Desk
+from gtk4_run import Gtk4Desk, open_document, print_in_text_editor
 
 ANIMATIONS = 0.5  # seconds
 
@@ -27,7 +27,7 @@ def name_papers(desk, project):
 
 def draw(dialog, file):
     time.sleep(ANIMATIONS)
-    place = Atspi.Component.get_extents(dialog.root(), Atspi.CoordType.SCREEN)
+    place = dialog.place_of(dialog.root())
     subprocess.run(["import", "-window", "root", "-crop",
                     f"{place.width}x{place.height}+{place.x}+{place.y}", "+repage", file], check=True)
 
@@ -69,18 +69,31 @@ def draw_mousepad(desk, file):
     program.end()
 
 
+def draw_text_editor(desk, file):
+    program, window = open_document(desk, "gnome-text-editor", "--standalone")
+    print_in_text_editor(window)
+    dialog = program.window("Print")
+    choose_covers(dialog)
+    draw(dialog, file)
+    program.end()
+
+
+PICTURES = {"evince": (Desk, draw_evince), "mousepad": (Desk, draw_mousepad),
+            "text-editor": (Gtk4Desk, draw_text_editor)}
+
+
 def main():
     build, project, pictures = sys.argv[1:]
     os.makedirs(pictures, exist_ok=True)
-    with tempfile.TemporaryDirectory() as folder:
-        os.chmod(folder, 0o755)
-        desk = Desk(build, project, folder)
-        try:
-            name_papers(desk, project)
-            draw_evince(desk, os.path.join(pictures, "evince.png"))
-            draw_mousepad(desk, os.path.join(pictures, "mousepad.png"))
-        finally:
-            desk.server.stop()
+    for name, (kind, draw_program) in PICTURES.items():
+        with tempfile.TemporaryDirectory() as folder:
+            os.chmod(folder, 0o755)
+            desk = kind(build, project, folder)
+            try:
+                name_papers(desk, project)
+                draw_program(desk, os.path.join(pictures, f"{name}.png"))
+            finally:
+                desk.server.stop()
 
 
 main()

@@ -1,22 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
 // A GTK program that shows the print dialog itself and sends a job of its own; it knows nothing of
-// the panel:
-//   print-dialog [--times N] [--at-once N] [--forget-backends] FILE
+// the panel. Built with GTK 3 and with GTK 4:
+//   print-dialog [--times N] [--at-once N] [--forget-backends] [--destroy] FILE
 // Shows the dialog N times, the next one with the settings of the last job, or N dialogs at once.
-// --forget-backends: GTK's own print backends alone after the first dialog. Writes a line about its
-// own state before it ends: locale, text domain, signals, standard streams.
+// --forget-backends: GTK's own print backends alone after the first dialog. --destroy: the program
+// destroys the dialog while a message of it waits for an answer. Writes a line about
+// its own state before it ends: locale, text domain, signals, standard streams.
 #include <fcntl.h>
-#include <gtk/gtkunixprint.h>
 #include <libintl.h>
 #include <locale.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+
+#include "either-gtk.h"
 
 static gint times = 1;
 static gint at_once = 1;
 static gboolean forget_backends = FALSE;
+static gboolean is_to_destroy = FALSE;
 static gchar** files = NULL;
 
+static GMainLoop* loop = NULL;
 static GtkPrintSettings* last = NULL;  // of the last job
 static gint opened = 0;
 static gint open_now = 0;
@@ -29,7 +34,7 @@ static void finish_one(void) {
   if (opened < times) {
     open_dialog();
   } else if (open_now == 0) {
-    gtk_main_quit();
+    g_main_loop_quit(loop);
   }
 }
 
@@ -59,7 +64,22 @@ static void answered(GtkDialog* dialog, gint response, gpointer data) {
   } else {
     finish_one();
   }
-  gtk_widget_destroy(GTK_WIDGET(dialog));
+  destroy_window(GTK_WIDGET(dialog));
+}
+
+static gboolean destroy_in_message(gpointer dialog) {
+  gboolean is_message_there = FALSE;
+  GList* windows = gtk_window_list_toplevels();
+  for (const GList* window = windows; window != NULL; window = window->next) {
+    is_message_there = is_message_there ||
+                       (window->data != dialog && gtk_widget_get_mapped(GTK_WIDGET(window->data)) &&
+                        gtk_window_get_modal(GTK_WINDOW(window->data)));
+  }
+  g_list_free(windows);
+  if (!is_message_there) return G_SOURCE_CONTINUE;
+  destroy_window(GTK_WIDGET(dialog));
+  finish_one();
+  return G_SOURCE_REMOVE;
 }
 
 static void open_dialog(void) {
@@ -78,6 +98,7 @@ static void open_dialog(void) {
                                                     GTK_PRINT_CAPABILITY_COPIES);
   g_signal_connect(dialog, "response", G_CALLBACK(answered), NULL);
   gtk_widget_show(dialog);
+  if (is_to_destroy) g_timeout_add(100, destroy_in_message, dialog);
 }
 
 // Lines of the kernel's account of this process.
@@ -108,16 +129,19 @@ int main(int argc, char** argv) {
       {"times", 0, 0, G_OPTION_ARG_INT, &times, "Show the dialog N times", "N"},
       {"at-once", 0, 0, G_OPTION_ARG_INT, &at_once, "Show N dialogs at once", "N"},
       {"forget-backends", 0, 0, G_OPTION_ARG_NONE, &forget_backends, "Clear the setting", NULL},
-      {G_OPTION_REMAINING, 0, 0, G_OPTION_ARG_FILENAME_ARRAY, &files, "Document", "FILE"},
+      {"destroy", 0, 0, G_OPTION_ARG_NONE, &is_to_destroy, "Destroy the dialog in a message", NULL},
       {NULL, 0, 0, G_OPTION_ARG_NONE, NULL, NULL, NULL}};
-  GError* error = NULL;
-  if (!gtk_init_with_args(&argc, &argv, NULL, options, NULL, &error) || files == NULL) {
-    g_printerr("print-dialog: %s\n", error != NULL ? error->message : "no FILE");
+  files = parse_options(argc, argv, options);
+  if (files == NULL) {
+    g_printerr("print-dialog: no FILE\n");
     return 2;
   }
+  init_toolkit();
+  loop = g_main_loop_new(NULL, FALSE);
   for (gint count = 0; count < at_once; ++count)
     open_dialog();
-  gtk_main();
+  g_main_loop_run(loop);
+  g_main_loop_unref(loop);
   write_state();
   g_clear_object(&last);
   g_strfreev(files);

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// A GTK program that prints pages of its own with a print operation; it knows nothing of the panel:
+// A GTK program that prints pages of its own with a print operation; it knows nothing of the panel.
+// Built with GTK 3 and with GTK 4:
 //   print-operation [--async] [--times N]
 // Shows the dialog N times, one after the other, each with the settings of the last job.
-#include <gtk/gtk.h>
+#include <stdlib.h>
 
-#define PAGES 2
+#include "either-gtk.h"
+
+#define PAGES 20
 
 static gboolean is_async = FALSE;
 static gint times = 1;
 
+static GMainLoop* loop = NULL;
 static GtkPrintSettings* last = NULL;
 static gint run = 0;
 static gboolean is_failed = FALSE;
@@ -40,7 +44,7 @@ static void status_changed(GtkPrintOperation* operation, gpointer data) {
   if (run < times) {
     g_idle_add(print_next, NULL);
   } else {
-    gtk_main_quit();
+    g_main_loop_quit(loop);
   }
 }
 
@@ -64,13 +68,12 @@ int main(int argc, char** argv) {
       {"async", 0, 0, G_OPTION_ARG_NONE, &is_async, "Let the operation run by itself", NULL},
       {"times", 0, 0, G_OPTION_ARG_INT, &times, "Show the dialog N times", "N"},
       {NULL, 0, 0, G_OPTION_ARG_NONE, NULL, NULL, NULL}};
-  GError* error = NULL;
-  if (!gtk_init_with_args(&argc, &argv, NULL, options, NULL, &error)) {
-    g_printerr("print-operation: %s\n", error->message);
-    return 2;
-  }
+  g_strfreev(parse_options(argc, argv, options));
+  init_toolkit();
+  loop = g_main_loop_new(NULL, FALSE);
   g_idle_add(print_next, NULL);
-  gtk_main();
+  g_main_loop_run(loop);
+  g_main_loop_unref(loop);
   g_clear_object(&last);
   return is_failed ? 1 : 0;
 }
