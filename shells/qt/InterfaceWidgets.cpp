@@ -55,11 +55,13 @@ QWidget* makeLabel(const InterfaceObject& object) {
   const bool isForControl = !object.property("mnemonic-widget").isEmpty();
   auto* label = new QLabel(isForControl ? labelOf(object) : object.property("label"));
   label->setTextFormat(Qt::PlainText);
-  if (object.isTrue("wrap")) wrap(*label, object.number("max-width-chars"));
   const auto& styles = object.styles;
   if (std::find(styles.begin(), styles.end(), "dim-label") != styles.end()) {
     label->setForegroundRole(QPalette::PlaceholderText);
+    // Qt 5 does not paint a text in this colour at all unless it can be selected.
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
+  if (object.isTrue("wrap")) wrap(*label, object.number("max-width-chars"));
   setMargins(*label, object);
   return label;
 }

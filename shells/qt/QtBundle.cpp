@@ -5,6 +5,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "Publishing/PublishingFeatures.h"
 #include "base/Translation.h"
 #include "shells/HelpBook.h"
 #include "shells/qt/InterfaceText.h"
@@ -42,7 +43,11 @@ bool QtBundle::registerHelpBook() {
 
 std::int32_t QtBundle::gotoHelpPage(const std::string& bookName) {
   if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
-  const QUrl page = QUrl::fromLocalFile(QString::fromStdString(helpPage_));
+  QUrl page = QUrl::fromLocalFile(QString::fromStdString(helpPage_));
+  QtTabView* tabs = interface() != nullptr ? interface()->tabView(outlet::tabView) : nullptr;
+  const std::string part =
+      tabs != nullptr ? helpPartOfTab(tabs->widget()->currentIndex()) : std::string();
+  if (!part.empty()) page.setFragment(QString::fromStdString(part.substr(1)));
   return QDesktopServices::openUrl(page) ? 0 : kNoHelpViewer;
 }
 

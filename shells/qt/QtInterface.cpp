@@ -134,10 +134,8 @@ void QtInterface::setUserChanged(const std::function<void(const std::string& out
 }
 
 void QtInterface::setTooltip(std::string_view name, const std::string& text) {
-  // What looks like markup would be taken for it.
-  const QString tip = shownText(text).toHtmlEscaped().replace('\n', "<br>");
   forEachControl([&](const std::string& known, auto& control) {
-    if (known == name) control.widget()->setToolTip(tip.isEmpty() ? tip : "<p>" + tip + "</p>");
+    if (known == name) control.widget()->setToolTip(shownTooltip(text));
   });
 }
 

@@ -13,6 +13,13 @@ QString shownLabel(const std::string& text) {
   return QString::fromStdString(displayLabel(text, '&'));
 }
 
+QString shownTooltip(const std::string& text) {
+  if (text.empty()) return {};
+  const QString markup =
+      shownText(text).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+  return QLatin1String("<p>") + markup + QLatin1String("</p>");
+}
+
 QString withMnemonic(const std::string& label) {
   return shownLabel(label).replace(QLatin1Char('_'), QLatin1Char('&'));
 }

@@ -12,6 +12,9 @@ QString shownText(const std::string& text);
 // The same for a button or a tab, where "&" would mark a mnemonic.
 QString shownLabel(const std::string& text);
 
+// The same as a tooltip, where what looks like markup would be taken for it; lines stay lines.
+QString shownTooltip(const std::string& text);
+
 // A label of ours, in which "_" stands before the mnemonic, as Qt marks it.
 QString withMnemonic(const std::string& label);
 

@@ -72,6 +72,9 @@ add_custom_target(program-screenshots
     "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/screenshots"
   VERBATIM)
 add_dependencies(program-screenshots publishing-extension)
+if(5 IN_LIST PUBLISHING_QT)
+  add_dependencies(program-screenshots publishing-qt5-proxy)
+endif()
 if(PUBLISHING_GTK4)
   add_dependencies(program-screenshots publishing-gtk4-extension)
 endif()

@@ -2,7 +2,10 @@
 #include "shells/qt/dialog/QtDialogOptions.h"
 
 #include <QAbstractButton>
+#include <QLineEdit>
+#include <QSpinBox>
 #include <QVariant>
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
@@ -54,6 +57,29 @@ int numberUpOf(const QObject& dialog) {
   return item > 0 && item < std::ssize(kLayouts) ? kLayouts[item] : 1;
 }
 
+int numberIn(const QObject& dialog, const char* field) {
+  const auto* found = dialog.findChild<QSpinBox*>(QLatin1String(field));
+  return found != nullptr ? found->value() : 0;
+}
+
+// Which page is the current one, and which are selected, only the program knows.
+std::string pageRangesOf(const QObject& dialog) {
+  constexpr const char* kOnePage = "1-1";
+  if (isOn(dialog, "printCurrentPage")) return kOnePage;
+  if (isOn(dialog, "printRange")) {
+    return std::to_string(numberIn(dialog, "from")) + "-" + std::to_string(numberIn(dialog, "to"));
+  }
+  const auto* list = dialog.findChild<QLineEdit*>(QLatin1String("pagesLineEdit"));
+  return isOn(dialog, "pagesRadioButton") && list != nullptr ? list->text().toStdString() : "";
+}
+
+std::string pageSetOf(const QObject& dialog) {
+  constexpr const char* kSets[] = {"", "odd", "even"};
+  const auto* menu = dialog.findChild<QComboBox*>(QLatin1String("pageSetCombo"));
+  const int item = menu != nullptr ? menu->currentIndex() : 0;
+  return item > 0 && item < std::ssize(kSets) ? kSets[item] : "";
+}
+
 }  // namespace
 
 void QtDialogOptions::forEachMenu(const std::function<void(const Menu& menu)>& function) const {
@@ -67,6 +93,10 @@ DialogJob QtDialogOptions::job() const {
   job.sides = sidesOf(*dialog_);
   job.reverse = isOn(*dialog_, "reverse");
   job.numberUp = numberUpOf(*dialog_);
+  job.copies = std::max(1, numberIn(*dialog_, "copies"));
+  job.collated = isOn(*dialog_, "collate");
+  job.pageRanges = pageRangesOf(*dialog_);
+  job.pageSet = pageSetOf(*dialog_);
   forEachMenu([&](const Menu& menu) {
     const std::string choice =
         choiceAt(*optionOf(*menu.comboBox), *menu.comboBox, menu.comboBox->currentIndex());

@@ -11,14 +11,21 @@
 #include "shells/qt/QtText.h"
 
 namespace publishing {
+namespace {
+
+constexpr const char* kMark = " ✓";
+constexpr int kSummaryLines = 3;
+
+}  // namespace
 
 QtDialogPage::QtDialogPage(QTabWidget* tabs, const std::string& name)
     : tabs_(tabs),
       layout_(new QVBoxLayout(this)),
       activity_(new QProgressBar(this)),
       message_(new QLabel(this)),
+      name_(shownLabel(name)),
       notices_(new QLabel(this)) {
-  setWindowTitle(shownLabel(name));
+  setWindowTitle(name_);
   activity_->setRange(0, 0);
   activity_->setVisible(false);
   message_->setTextFormat(Qt::PlainText);
@@ -39,30 +46,31 @@ QtDialogPage::~QtDialogPage() {
   removePanel();
 }
 
-void QtDialogPage::setHandlers(std::function<void()> help, std::function<void()> shown) {
-  help_ = std::move(help);
-  shown_ = std::move(shown);
-}
-
+// What comes out in words, in as much room whatever it says, and the buttons.
 QWidget* QtDialogPage::makeFoot() {
   auto* foot = new QWidget(this);
-  auto* row = new QHBoxLayout(foot);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* rows = new QVBoxLayout(foot);
+  rows->setContentsMargins(0, 0, 0, 0);
   summary_ = new QLabel(foot);
   summary_->setTextFormat(Qt::PlainText);
   summary_->setForegroundRole(QPalette::PlaceholderText);
+  summary_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   summary_->setWordWrap(true);
-  summary_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  summary_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  summary_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  summary_->setText(QString(kSummaryLines - 1, QLatin1Char('\n')));
+  summary_->setFixedHeight(summary_->sizeHint().height());
+  rows->addWidget(summary_);
   auto* help = new QPushButton(withMnemonic(translated("_Help")), foot);
   help->setAutoDefault(false);
-  connect(help, &QPushButton::clicked, this, [this] {
-    guarded([this] {
-      if (help_) help_();
-    });
-  });
-  row->addWidget(summary_, 1);
-  row->addWidget(help);
-  layout_->addWidget(foot);
+  connect(help, &QPushButton::clicked, this, [this] { guarded([this] { handlers_.help(); }); });
+  std::vector<QWidget*> buttons = handlers_.makeButtons(foot);
+  buttons.push_back(help);
+  auto* row = new QHBoxLayout;
+  row->addStretch(1);
+  for (QWidget* button : buttons)
+    row->addWidget(button);
+  rows->addLayout(row);
   return foot;
 }
 
@@ -76,7 +84,10 @@ void QtDialogPage::removePanel() {
 void QtDialogPage::showForNow(const std::string& text, bool waiting) {
   removePanel();
   notices_->setVisible(false);
-  if (foot_ != nullptr) foot_->setVisible(false);
+  if (foot_ != nullptr) {
+    sheets_->setVisible(false);
+    foot_->setVisible(false);
+  }
   message_->setText(shownText(text));
   message_->setVisible(true);
   activity_->setVisible(waiting);
@@ -86,24 +97,46 @@ void QtDialogPage::showMessage(const std::string& text, bool waiting) {
   showForNow(text, waiting);
   const int place = tabs_->indexOf(this);
   tabs_->tabBar()->setTabTextColor(place, palette().color(QPalette::Disabled, QPalette::Text));
-  tabs_->setTabToolTip(place, message_->text().toHtmlEscaped());
+  tabs_->setTabToolTip(place, shownTooltip(text));
 }
 
 void QtDialogPage::offerPanel(const std::string& name) {
   const int place = tabs_->indexOf(this);
-  tabs_->setTabText(place, shownLabel(name));
+  name_ = shownLabel(name);
+  writeLabel();
   tabs_->tabBar()->setTabTextColor(place, QColor());
   tabs_->setTabToolTip(place, QString());
 }
 
+void QtDialogPage::mark(bool isOn) {
+  isMarked_ = isOn;
+  writeLabel();
+}
+
+// The dialog is laid out anew for each new text.
+void QtDialogPage::writeLabel() {
+  const QString text = isMarked_ ? name_ + QString::fromUtf8(kMark) : name_;
+  const int place = tabs_->indexOf(this);
+  if (text != tabs_->tabText(place)) tabs_->setTabText(place, text);
+}
+
+void QtDialogPage::addPanelParts() {
+  sheets_ = new QtSheetsView(
+      this, [this](const std::string& words) { say(words.empty() ? summaryText_ : words); });
+  layout_->addWidget(sheets_, 1);
+  foot_ = makeFoot();
+  layout_->addWidget(foot_);
+}
+
 void QtDialogPage::showPanel(QWidget* view) {
   removePanel();
-  if (foot_ == nullptr) foot_ = makeFoot();
+  if (foot_ == nullptr) addPanelParts();
   panel_ = view;
-  layout_->insertWidget(1, view, 1);
+  layout_->insertWidget(1, view);
   message_->setVisible(false);
   activity_->setVisible(false);
   view->show();
+  sheets_->setVisible(true);
   foot_->setVisible(true);
 }
 
@@ -113,7 +146,18 @@ void QtDialogPage::showNotices(const std::string& text) {
 }
 
 void QtDialogPage::setSummary(const std::string& text) {
+  summaryText_ = text;
+  say(text);
+}
+
+// A tooltip has room for what the lines have not.
+void QtDialogPage::say(const std::string& text) {
   summary_->setText(shownText(text));
+  summary_->setToolTip(shownTooltip(text));
+}
+
+void QtDialogPage::showSheets(const JobSheets& sheets) {
+  sheets_->showSheets(sheets);
 }
 
 void QtDialogPage::bringToFront() {
@@ -123,7 +167,7 @@ void QtDialogPage::bringToFront() {
 void QtDialogPage::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   guarded([this] {
-    if (shown_) shown_();
+    if (handlers_.shown) handlers_.shown();
   });
 }
 

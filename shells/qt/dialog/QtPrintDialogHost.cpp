@@ -7,14 +7,17 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+#include <limits>
 #include <utility>
 
 #include "Publishing/global.h"
 #include "base/Translation.h"
 #include "shells/Guarded.h"
+#include "shells/HostMessages.h"
 #include "shells/qt/QtBundle.h"
 #include "shells/qt/QtText.h"
 #include "shells/qt/dialog/QtJobOptions.h"
+#include "shells/qt/dialog/QtPrintQuestions.h"
 
 namespace publishing {
 namespace {
@@ -81,8 +84,13 @@ QtPrintDialogHost::QtPrintDialogHost(QPrintDialog* dialog, const Parts& parts, H
       rules_(std::move(rules)),
       page_(page),
       options_(dialog),
-      host_(*this) {
-  page->setHandlers([this] { host_.showHelp(); }, [this] { host_.refresh(); });
+      host_(*this),
+      presets_(host_),
+      reset_(host_) {
+  page->setHandlers({[this] { host_.showHelp(); }, [this] { host_.refresh(); },
+                     [this](QWidget* parent) {
+                       return std::vector{reset_.makeButton(parent), presets_.makeButton(parent)};
+                     }});
   dialog->setOptionTabs({page});
 }
 
@@ -157,6 +165,18 @@ std::optional<ToolkitDialog::Selection> QtPrintDialogHost::selection() const {
   return Selection{printer.toStdString(), file != nullptr && file->isEnabled()};
 }
 
+// Programs that know how many pages there are say so, since the user may choose among them.
+std::optional<int> QtPrintDialogHost::documentPages() const {
+  const bool isKnown = dialog_->minPage() <= 1 && dialog_->maxPage() >= 1 &&
+                       dialog_->maxPage() < std::numeric_limits<int>::max();
+  return isKnown ? std::optional(dialog_->maxPage()) : std::nullopt;
+}
+
+void QtPrintDialogHost::setSummary(const std::string& text) {
+  page_->setSummary(text);
+  reset_.update();
+}
+
 bool QtPrintDialogHost::showChoice(const std::string& option, const std::string& choice, bool) {
   return options_.show(option, choice);
 }
@@ -204,26 +224,14 @@ void QtPrintDialogHost::pressPrint() {
   });
 }
 
-// The program may destroy the dialog meanwhile, which is going back.
-bool QtPrintDialogHost::isAnsweredWithPrint(const HostMessage& question, const char* print,
-                                            bool byDefault) {
-  const QPointer<QMessageBox> box = makeMessageBox(dialog_, question.title, question.text);
-  auto* prints = box->addButton(withMnemonic(translated(print)), QMessageBox::AcceptRole);
-  auto* goesBack = box->addButton(withMnemonic(translated(kGoBack)), QMessageBox::RejectRole);
-  box->setDefaultButton(byDefault ? prints : goesBack);
-  box->exec();
-  if (box == nullptr) return false;
-  const bool isPrint = box->clickedButton() == prints;
-  delete box.data();
-  return isPrint;
-}
-
 bool QtPrintDialogHost::insistsOnConflicts(const std::vector<Conflict>& conflicts) {
-  return isAnsweredWithPrint(conflictMessage(conflicts), kPrintAnyway, false);
+  return isAnsweredWith(dialog_, conflictMessage(conflicts), translated(kPrintAnyway),
+                        translated(kGoBack), DefaultAnswer::GoBack);
 }
 
 bool QtPrintDialogHost::printsWithout(const std::string& losses) {
-  return isAnsweredWithPrint(lossMessage(losses), kPrintWithout, true);
+  return isAnsweredWith(dialog_, lossMessage(losses), translated(kPrintWithout),
+                        translated(kGoBack), DefaultAnswer::GoOn);
 }
 
 void QtPrintDialogHost::sayHelpIsMissing() {

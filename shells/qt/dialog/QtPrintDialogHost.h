@@ -10,12 +10,13 @@
 #include <vector>
 
 #include "shells/DialogHost.h"
-#include "shells/HostMessages.h"
 #include "shells/HostRules.h"
 #include "shells/ToolkitDialog.h"
 #include "shells/qt/dialog/QtDialogOptions.h"
 #include "shells/qt/dialog/QtDialogPage.h"
+#include "shells/qt/dialog/QtPresetMenu.h"
 #include "shells/qt/dialog/QtPrinterFetch.h"
+#include "shells/qt/dialog/QtResetButton.h"
 
 namespace publishing {
 
@@ -57,10 +58,10 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void clicked(QAbstractButton* button);
   void dialogEvent(const QEvent& event);
   void giveOptions();
-  bool isAnsweredWithPrint(const HostMessage& question, const char* print, bool byDefault);
 
   [[nodiscard]] std::optional<Selection> selection() const override;
   [[nodiscard]] DialogJob job() const override { return options_.job(); }
+  [[nodiscard]] std::optional<int> documentPages() const override;
   bool showChoice(const std::string& option, const std::string& choice, bool byUser) override;
   void handOver(const JobTicket::Options& options) override { toHandOver_ = options; }
   [[nodiscard]] const DialogPlaces& places() const override;
@@ -71,7 +72,9 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void offerPanel(const std::string& name) override { page_->offerPanel(name); }
   void showPanel(View& view) override;
   void showNotices(const std::string& text) override { page_->showNotices(text); }
-  void setSummary(const std::string& text) override { page_->setSummary(text); }
+  void setSummary(const std::string& text) override;
+  void showSheets(const JobSheets& sheets) override { page_->showSheets(sheets); }
+  void showOutsideTab(const std::string& line) override { page_->mark(!line.empty()); }
   [[nodiscard]] bool isTabInFront() const override { return page_->isVisible(); }
   void bringTabToFront() override;
   void pressPrint() override;
@@ -88,6 +91,8 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   std::optional<JobTicket::Options> toHandOver_;  // when the dialog is accepted
   bool isRefreshing_ = false;                     // soon
   DialogHost host_;
+  QtPresetMenu presets_;
+  QtResetButton reset_;
 };
 
 }  // namespace publishing

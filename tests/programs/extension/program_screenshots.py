@@ -13,6 +13,8 @@ import time
 
 from extension_run import Desk
 from gtk4_run import Gtk4Desk, open_document, print_in_text_editor
+from qt_desk import QtDesk
+from qt_programs_run import open_dialog
 
 ANIMATIONS = 0.5  # seconds
 
@@ -78,8 +80,20 @@ def draw_text_editor(desk, file):
     program.end()
 
 
+def draw_okular(desk, file):
+    program = open_dialog(desk, "okular")
+    dialog = program.window("Print")
+    choose_covers(dialog)
+    draw(dialog, file)
+    program.end()
+
+
+def qt5_desk(build, project, folder):
+    return QtDesk(build, project, 5, folder)
+
+
 PICTURES = {"evince": (Desk, draw_evince), "mousepad": (Desk, draw_mousepad),
-            "text-editor": (Gtk4Desk, draw_text_editor)}
+            "text-editor": (Gtk4Desk, draw_text_editor), "okular": (qt5_desk, draw_okular)}
 
 
 def main():
@@ -96,4 +110,5 @@ def main():
                 desk.server.stop()
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -5,16 +5,11 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QLineEdit>
+#include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
-#include <QPrintEngine>
-#include <QPrinter>
-#include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <filesystem>
-#include <map>
 
 #include <cups/ppd.h>
 #include <glib.h>
@@ -22,121 +17,15 @@
 #include <gtest/gtest.h>
 
 #include "Publishing/PublishingFeatures.h"
-#include "tests/cups/PrivateCups.h"
-#include "tests/support/QtStage.h"
+#include "tests/shells/qt/QtPrintDialogUser.h"
 
 namespace publishing {
 namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-using Options = std::map<std::string, std::string>;
-
-constexpr const char* kPPD = TEST_DATA "/zephrel-ps-9000.ppd";
-constexpr auto kCupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
-
-class Printers final : public testing::Environment {
- public:
-  void SetUp() override {
-    PrivateCups::instance().addQueue("Office", kPPD);
-    PrivateCups::instance().addQueue("Studio", kPPD);
-  }
-};
-
-const auto* const server = testing::AddGlobalTestEnvironment(new PrivateCups);
-const auto* const printers = testing::AddGlobalTestEnvironment(new Printers);
-
-void waitUntil(const char* what, const std::function<bool()>& condition) {
-  QElapsedTimer time;
-  for (time.start(); !condition(); QApplication::processEvents(QEventLoop::AllEvents, 10)) {
-    ASSERT_LT(time.elapsed(), 10000) << what;
-  }
-}
-
-// A program with a print dialog, and its user.
-class User {
- public:
-  User() {
-    isAttached = QtPrintDialogHost::attach(&*dialog);
-    dialog->show();
-  }
-
-  template <class Widget>
-  Widget* find(const char* name) const {
-    return dialog->findChild<Widget*>(name);
-  }
-  QAbstractButton* button(const char* name) const { return find<QAbstractButton>(name); }
-  QComboBox* menu(const char* name) const { return find<QComboBox>(name); }
-
-  // Chooses a printer that has the panel and looks at it.
-  void choosePrinter(const char* name) {
-    chooseBare(name);
-    waitUntil("the panel", [this] { return QtPrintDialogHost::of(&*dialog)->hasPanel(); });
-    openTab("Publishing");
-  }
-  void chooseBare(const char* name) const {
-    auto* list = menu("printers");
-    list->setCurrentIndex(list->findText(name, Qt::MatchStartsWith));
-  }
-
-  // Lets Qt do what is waiting, timers that are due among it.
-  static void settle() {
-    for (int turn = 0; turn < 5; ++turn)
-      QApplication::processEvents();
-  }
-
-  // Unfolds the tabs first.
-  void openTab(const char* label) {
-    auto* tabs = find<QTabWidget>("tabs");
-    if (!tabs->isVisible()) press(QDialogButtonBox::ResetRole);
-    for (int tab = 0; tab < tabs->count(); ++tab) {
-      if (tabs->tabText(tab) == label) tabs->setCurrentIndex(tab);
-    }
-  }
-
-  void press(QDialogButtonBox::ButtonRole role) {
-    auto* buttons = dialog->findChild<QDialogButtonBox*>();
-    for (QAbstractButton* one : buttons->buttons()) {
-      if (buttons->buttonRole(one) == role) return one->click();
-    }
-  }
-
-  // Presses Print; whether the program was told.
-  bool print() {
-    bool isAccepted = false;
-    QObject::connect(&*dialog, &QDialog::accepted, [&] { isAccepted = true; });
-    const QPointer<QPrintDialog> alive = &*dialog;
-    press(QDialogButtonBox::AcceptRole);
-    settle();
-    if (alive) QObject::disconnect(&*dialog, &QDialog::accepted, nullptr, nullptr);
-    return isAccepted;
-  }
-
-  void type(const char* text) {
-    auto* field = find<QLineEdit>(outlet::PiPageNum);
-    field->selectAll();
-    for (const char* key = text; *key != '\0'; ++key)
-      pressKey(field, Qt::Key_unknown, QChar(QLatin1Char(*key)));
-  }
-
-  [[nodiscard]] bool isTicked(const char* box) const { return button(box)->isChecked(); }
-
-  // The options that the printer sends with its jobs.
-  [[nodiscard]] Options options() {
-    const QStringList list = printer.printEngine()->property(kCupsOptions).toStringList();
-    Options options;
-    for (int place = 0; place + 1 < list.size(); place += 2)
-      options[list.at(place).toStdString()] = list.at(place + 1).toStdString();
-    return options;
-  }
-
-  bool isAttached = false;
-  QPrinter printer;
-  std::unique_ptr<QPrintDialog> dialog = std::make_unique<QPrintDialog>(&printer);
-  std::vector<std::string> alerts;
-  QtAlertWatch watch{[this](const std::string& title, const std::string& message,
-                            const std::string&) { alerts.push_back(title + "|" + message); }};
-};
+using User = QtPrintDialogUser;
+using Options = User::Options;
 
 class QtPrintDialogHostTest : public testing::Test {
  protected:
@@ -220,6 +109,17 @@ TEST_F(QtPrintDialogHostTest, PanelFollowsTheDialogsOwnTabs) {
   User::settle();
   EXPECT_FALSE(user.button(outlet::CmCheckBox)->isEnabled());
   EXPECT_FALSE(user.isTicked(outlet::CmCheckBox));
+}
+
+TEST_F(QtPrintDialogHostTest, ExplanationsCanBeRead) {
+  User user;
+  user.choosePrinter("Office");
+  const QImage label = user.find<QLabel>("CmExplanation")->grab().toImage();
+  int dark = 0;
+  for (int y = 0; y < label.height(); ++y)
+    for (int x = 0; x < label.width(); ++x)
+      dark += qGray(label.pixel(x, y)) < 180 ? 1 : 0;
+  EXPECT_GT(dark, 300);
 }
 
 // Does something in the window "Properties", which is modal, and leaves it with OK.
