@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/dialog/SheetsView.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include <gdk/gdkkeysyms.h>
 
 #include "base/Translation.h"
-#include "printing/SheetSentence.h"
-#include "printing/SheetWords.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
 #include "shells/gtk/Toolkit.h"
@@ -18,19 +15,31 @@
 namespace publishing {
 namespace {
 
-constexpr int kMostRows = 4;  // what has no room in them is left out
-
-// Sheets are smaller when they would not all be seen otherwise.
-constexpr double kSizes[] = {1, 0.85, 0.72};
-
-// In units. One row of sheets with its legend, and what is left of that on a small screen.
-constexpr double kBestHeight = 150;
-constexpr double kLeastHeight = 60;
 // The screen's height that the rest of a print dialog takes.
 constexpr double kHeightOfOthers = 600;
 
-constexpr double kUsualFont = 14.7;  // pixels; 11 points on most screens
-constexpr double kLargestScale = 4;
+std::optional<SheetsLayout::Key> keyOf(guint key) {
+  switch (key) {
+    case GDK_KEY_Home:
+    case GDK_KEY_KP_Home:
+      return SheetsLayout::Key::Home;
+    case GDK_KEY_End:
+    case GDK_KEY_KP_End:
+      return SheetsLayout::Key::End;
+    case GDK_KEY_Left:
+    case GDK_KEY_KP_Left:
+      return SheetsLayout::Key::Left;
+    case GDK_KEY_Right:
+    case GDK_KEY_KP_Right:
+      return SheetsLayout::Key::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+int whole(double pixels) {
+  return static_cast<int>(std::ceil(pixels));
+}
 
 }  // namespace
 
@@ -58,15 +67,14 @@ SheetsView::SheetsView(std::function<void(const std::string&)> say)
 }
 
 void SheetsView::show(JobSheets job) {
-  job_ = std::move(job);
-  current_.reset();
+  layout_.show(std::move(job));
   describe();
   layOut();
 }
 
 void SheetsView::describe() {
   area_.setName(displayText(translated("Sheets")));
-  area_.setDescription(displayText(sentenceOf(job_)));
+  area_.setDescription(displayText(layout_.sentence()));
 }
 
 void SheetsView::resized() {
@@ -77,107 +85,58 @@ void SheetsView::resized() {
 void SheetsView::layOut() {
   width_ = area_.width();
   if (width_ <= 1) return;
-  // Larger texts make larger sheets.
-  const double fontScale = std::clamp(area_.fontSize() / kUsualFont, 1.0, kLargestScale);
-  const double room = roomFor(fontScale);
-  PictureOptions options;
-  options.mostRows = kMostRows;
-  options.rightToLeft = isRightToLeft();
-  for (const double size : kSizes) {
-    scale_ = size * fontScale;
-    options.width = width_ / scale_;
-    picture_ = pictureOf(job_, options);
-    if (picture_.height * scale_ <= room) break;
-  }
-  fitScroller(room);
-  if (current_ && *current_ >= picture_.items.size()) current_.reset();
+  const double fontScale = SheetsLayout::textScaleOf(area_.fontSize());
+  const double height = SheetsLayout::heightOn(area_.screenHeight(), kHeightOfOthers, fontScale);
+  const bool isRightToLeft = gtk_widget_get_direction(area()) == GTK_TEXT_DIR_RTL;
+  layout_.layOut({static_cast<double>(width_), height, fontScale, isRightToLeft});
+  gtk_widget_set_size_request(area(), -1, whole(layout_.height()));
+  gtk_scrolled_window_set_min_content_height(GTK_SCROLLED_WINDOW(widget()), whole(height));
   gtk_widget_queue_draw(area());
-}
-
-// How high the picture may be without being scrolled, in pixels.
-double SheetsView::roomFor(double fontScale) const {
-  const double spare = area_.screenHeight() / fontScale - kHeightOfOthers;
-  return std::clamp(spare, kLeastHeight, kBestHeight) * fontScale;
-}
-
-void SheetsView::fitScroller(double room) {
-  const auto whole = [](double pixels) { return static_cast<int>(std::ceil(pixels)); };
-  gtk_widget_set_size_request(area(), -1, whole(picture_.height * scale_));
-  gtk_scrolled_window_set_min_content_height(GTK_SCROLLED_WINDOW(widget()), whole(room));
-}
-
-bool SheetsView::isRightToLeft() const {
-  return gtk_widget_get_direction(area()) == GTK_TEXT_DIR_RTL;
 }
 
 void SheetsView::paint(cairo_t* context) {
   cairo_save(context);
-  // Rows that are shorter than the area begin at its right.
-  if (isRightToLeft()) cairo_translate(context, width_ - picture_.width * scale_, 0);
-  cairo_scale(context, scale_, scale_);
-  paintSheets(context, area(), picture_);
+  cairo_translate(context, layout_.left(), 0);
+  cairo_scale(context, layout_.scale(), layout_.scale());
+  paintSheets(context, area(), layout_.picture());
   cairo_restore(context);
-  if (gtk_widget_has_visible_focus(area()) != 0 && current_)
-    area_.paintFocus(context, placeOf(*current_));
+  if (gtk_widget_has_visible_focus(area()) != 0 && layout_.current())
+    area_.paintFocus(context, placeOf(*layout_.current()));
 }
 
 void SheetsView::focusChanged(bool hasFocus) {
-  if (hasFocus) return goTo(current_.value_or(0));
+  if (hasFocus) return goTo(layout_.current().value_or(0));
   describe();
   say_({});
   gtk_widget_queue_draw(area());
 }
 
 GdkRectangle SheetsView::placeOf(std::size_t item) const {
-  const PictureItem& shown = picture_.items.at(item);
-  const double left = isRightToLeft() ? width_ - picture_.width * scale_ : 0;
-  return {static_cast<int>(left + shown.x * scale_), static_cast<int>(shown.y * scale_),
-          static_cast<int>(std::ceil(shown.width * scale_)),
-          static_cast<int>(std::ceil(shown.height * scale_))};
-}
-
-std::optional<std::size_t> SheetsView::itemAt(double x, double y) const {
-  for (std::size_t item = 0; item < picture_.items.size(); ++item) {
-    const GdkRectangle place = placeOf(item);
-    if (x >= place.x && x < place.x + place.width && y >= place.y && y < place.y + place.height)
-      return item;
-  }
-  return std::nullopt;
+  const SheetsLayout::Place place = layout_.placeOf(item);
+  return {static_cast<int>(place.x), static_cast<int>(place.y), whole(place.width),
+          whole(place.height)};
 }
 
 bool SheetsView::showTooltip(int x, int y, bool byKeyboard, GtkTooltip* tooltip) const {
-  const std::optional<std::size_t> item = byKeyboard ? current_ : itemAt(x, y);
+  const auto item = byKeyboard ? layout_.current() : layout_.itemAt(x, y);
   if (!item) return false;
   const GdkRectangle place = placeOf(*item);
   gtk_tooltip_set_tip_area(tooltip, &place);
-  gtk_tooltip_set_text(tooltip, displayText(wordsOf(job_, picture_.items[*item])).c_str());
+  gtk_tooltip_set_text(tooltip, displayText(layout_.wordsOf(*item)).c_str());
   return true;
 }
 
 // Whether the key is one that moves among the sheets.
 bool SheetsView::keyPressed(guint key) {
-  if (picture_.items.empty()) return false;
-  const std::size_t last = picture_.items.size() - 1;
-  const std::size_t here = current_.value_or(0);
-  const bool mirrored = isRightToLeft();
-  if (key == GDK_KEY_Home || key == GDK_KEY_KP_Home) {
-    goTo(0);
-  } else if (key == GDK_KEY_End || key == GDK_KEY_KP_End) {
-    goTo(last);
-  } else if (key == GDK_KEY_Left || key == GDK_KEY_KP_Left) {
-    goTo(mirrored ? std::min(here + 1, last) : here - std::min<std::size_t>(here, 1));
-  } else if (key == GDK_KEY_Right || key == GDK_KEY_KP_Right) {
-    goTo(mirrored ? here - std::min<std::size_t>(here, 1) : std::min(here + 1, last));
-  } else {
-    return false;
-  }
-  return true;
+  const auto move = keyOf(key);
+  const auto item = move ? layout_.itemBy(*move) : std::nullopt;
+  if (item) goTo(item);
+  return item.has_value();
 }
 
 void SheetsView::goTo(std::optional<std::size_t> item) {
-  if (!item || *item >= picture_.items.size()) return;
-  current_ = item;
-  const std::string words = wordsOf(job_, picture_.items[*item]);
+  if (!layout_.goTo(item)) return;
+  const std::string words = layout_.wordsOf(*item);
   // A screen reader reads the new name of what has the focus.
   area_.setName(displayText(words));
   const GdkRectangle place = placeOf(*item);

@@ -9,7 +9,7 @@
 #include <gtk/gtk.h>
 
 #include "printing/JobSheets.h"
-#include "sheets/SheetPicture.h"
+#include "shells/SheetsLayout.h"
 #include "shells/gtk/SignalHandlers.h"
 #include "shells/gtk/dialog/PaintedArea.h"
 
@@ -35,41 +35,28 @@ class SheetsView final : private PaintedArea::Owner {
   // Shows these sheets at once; to those who do not see the picture, it says them in a sentence.
   void show(JobSheets job);
 
-  // What is shown; places are in units, of which scale() screen pixels are one.
-  [[nodiscard]] const SheetPicture& picture() const { return picture_; }
-  [[nodiscard]] double scale() const { return scale_; }
-
-  // The item at that place of the area, in screen pixels; nothing between the items.
-  [[nodiscard]] std::optional<std::size_t> itemAt(double x, double y) const;
-
-  // The item that the keyboard is on.
-  [[nodiscard]] std::optional<std::size_t> current() const { return current_; }
+  // What is shown, and where, in pixels of the area.
+  [[nodiscard]] const SheetsLayout& sheets() const { return layout_; }
 
  private:
   void paint(cairo_t* context) override;
   void resized() override;
   void restyled() override { layOut(); }
-  void pressedAt(double x, double y) override { goTo(itemAt(x, y)); }
+  void pressedAt(double x, double y) override { goTo(layout_.itemAt(x, y)); }
   bool keyPressed(guint key) override;
   void focusChanged(bool hasFocus) override;
 
   void describe();
   void layOut();
-  [[nodiscard]] double roomFor(double fontScale) const;
-  void fitScroller(double room);
   bool showTooltip(int x, int y, bool byKeyboard, GtkTooltip* tooltip) const;
   void goTo(std::optional<std::size_t> item);
   [[nodiscard]] GdkRectangle placeOf(std::size_t item) const;
-  [[nodiscard]] bool isRightToLeft() const;
 
   std::function<void(const std::string&)> say_;
   PaintedArea area_;
   GObjectPtr<GtkWidget> scroller_;
-  JobSheets job_;
-  SheetPicture picture_;
-  double scale_ = 1;
+  SheetsLayout layout_;
   int width_ = 0;  // of the area when the picture was laid out
-  std::optional<std::size_t> current_;
   SignalHandlers handlers_;
 };
 

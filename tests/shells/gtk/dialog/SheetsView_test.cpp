@@ -72,9 +72,9 @@ class SheetsViewTest : public testing::Test {
 
   // Where the middle of an item is in the area.
   [[nodiscard]] PicturePoint middleOf(std::size_t item) const {
-    const PictureItem& shown = view.picture().items.at(item);
-    return {(shown.x + shown.width / 2) * view.scale(),
-            (shown.y + shown.height / 2) * view.scale()};
+    const PictureItem& shown = view.sheets().picture().items.at(item);
+    return {(shown.x + shown.width / 2) * view.sheets().scale(),
+            (shown.y + shown.height / 2) * view.sheets().scale()};
   }
 
   // What is painted, as red, green and blue; places without paint are black.
@@ -129,11 +129,11 @@ TEST_F(SheetsViewTest, EveryPaperIsPaintedInItsColour) {
 TEST_F(SheetsViewTest, RowsAreAsWideAsTheWindow) {
   show(kOneSided + inserts("1", "2,4,6,8,10,12,14,16,18"), 20);
   const int width = gtk_widget_get_allocated_width(view.area());
-  EXPECT_LE(view.picture().width * view.scale(), width);
-  EXPECT_GT(view.picture().items.back().y, view.picture().items.front().y);
+  EXPECT_LE(view.sheets().picture().width * view.sheets().scale(), width);
+  EXPECT_GT(view.sheets().picture().items.back().y, view.sheets().picture().items.front().y);
   gtk_window_resize(GTK_WINDOW(window.get()), 1300, 300);
   waitUntil([this] { return gtk_widget_get_allocated_width(view.area()) > 1000; });
-  EXPECT_EQ(view.picture().items.back().y, view.picture().items.front().y);
+  EXPECT_EQ(view.sheets().picture().items.back().y, view.sheets().picture().items.front().y);
 }
 
 TEST_F(SheetsViewTest, WhatHasNoRoomIsScrolledOrLeftOut) {
@@ -142,17 +142,18 @@ TEST_F(SheetsViewTest, WhatHasNoRoomIsScrolledOrLeftOut) {
     pages += std::to_string(page) + ",";
   show(kTwoSided + inserts("0", pages), 1000);
   EXPECT_LE(gtk_widget_get_allocated_height(window.get()), 320);
-  EXPECT_TRUE(std::any_of(view.picture().items.begin(), view.picture().items.end(),
+  EXPECT_TRUE(std::any_of(view.sheets().picture().items.begin(),
+                          view.sheets().picture().items.end(),
                           [](const auto& item) { return item.kind == PictureItem::Kind::Gap; }));
 }
 
 TEST_F(SheetsViewTest, PointerFindsTheSheets) {
   show(kReport, 10);
-  for (std::size_t item = 0; item < view.picture().items.size(); ++item) {
+  for (std::size_t item = 0; item < view.sheets().picture().items.size(); ++item) {
     const PicturePoint middle = middleOf(item);
-    EXPECT_EQ(view.itemAt(middle.x, middle.y), item);
+    EXPECT_EQ(view.sheets().itemAt(middle.x, middle.y), item);
   }
-  EXPECT_EQ(view.itemAt(1, 1), std::nullopt);
+  EXPECT_EQ(view.sheets().itemAt(1, 1), std::nullopt);
 }
 
 TEST_F(SheetsViewTest, KeysGoFromSheetToSheetAndSayThem) {
@@ -163,12 +164,12 @@ TEST_F(SheetsViewTest, KeysGoFromSheetToSheetAndSayThem) {
   EXPECT_EQ(said, "Sheet 2: Plain Paper (Tray 1), front: page 2, back: page 3");
   EXPECT_EQ(accessible("accessible-name"), said);
   EXPECT_TRUE(press(GDK_KEY_End));
-  EXPECT_EQ(view.current(), view.picture().items.size() - 1);
+  EXPECT_EQ(view.sheets().current(), view.sheets().picture().items.size() - 1);
   EXPECT_TRUE(press(GDK_KEY_Right));
-  EXPECT_EQ(view.current(), view.picture().items.size() - 1);
+  EXPECT_EQ(view.sheets().current(), view.sheets().picture().items.size() - 1);
   EXPECT_TRUE(press(GDK_KEY_Home));
   EXPECT_TRUE(press(GDK_KEY_Left));
-  EXPECT_EQ(view.current(), 0U);
+  EXPECT_EQ(view.sheets().current(), 0U);
   EXPECT_FALSE(press(GDK_KEY_Tab));
   leave();
   EXPECT_EQ(said, "");
@@ -184,14 +185,14 @@ TEST_F(SheetsViewTest, WithoutSheetsNoKeyDoesAnything) {
 TEST_F(SheetsViewTest, RightToLeftTheFirstSheetIsAtTheRight) {
   gtk_widget_set_direction(view.area(), GTK_TEXT_DIR_RTL);
   show(kReport, 10);
-  EXPECT_GT(view.picture().items.front().x, view.picture().items.back().x);
+  EXPECT_GT(view.sheets().picture().items.front().x, view.sheets().picture().items.back().x);
   const int width = gtk_widget_get_allocated_width(view.area());
-  EXPECT_EQ(view.itemAt(width - 40, middleOf(0).y), 0U);
+  EXPECT_EQ(view.sheets().itemAt(width - 40, middleOf(0).y), 0U);
   focus();
   press(GDK_KEY_Left);
-  EXPECT_EQ(view.current(), 1U);
+  EXPECT_EQ(view.sheets().current(), 1U);
   press(GDK_KEY_Right);
-  EXPECT_EQ(view.current(), 0U);
+  EXPECT_EQ(view.sheets().current(), 0U);
 }
 
 TEST_F(SheetsViewTest, ScreenReadersGetAnImageThatIsASentence) {
@@ -205,15 +206,16 @@ TEST_F(SheetsViewTest, ScreenReadersGetAnImageThatIsASentence) {
 
 TEST_F(SheetsViewTest, LargeTextsMakeLargeSheets) {
   show(kReport, 10);
-  const double usual = view.scale();
+  const double usual = view.sheets().scale();
   GtkSettings* settings = gtk_widget_get_settings(window.get());
   gint before = 0;
   g_object_get(settings, "gtk-xft-dpi", &before, nullptr);
   g_object_set(settings, "gtk-xft-dpi", 2 * 96 * PANGO_SCALE, nullptr);
-  waitUntil([this, usual] { return view.scale() > 1.5 * usual; });
-  EXPECT_LE(view.picture().width * view.scale(), gtk_widget_get_allocated_width(view.area()));
+  waitUntil([this, usual] { return view.sheets().scale() > 1.5 * usual; });
+  EXPECT_LE(view.sheets().picture().width * view.sheets().scale(),
+            gtk_widget_get_allocated_width(view.area()));
   g_object_set(settings, "gtk-xft-dpi", before, nullptr);
-  waitUntil([this, usual] { return view.scale() == usual; });
+  waitUntil([this, usual] { return view.sheets().scale() == usual; });
 }
 
 TEST_F(SheetsViewTest, HighContrastNeedsNoColour) {
