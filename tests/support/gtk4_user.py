@@ -8,7 +8,7 @@ import time
 
 from dialog_user import Atspi, GLib, Program, User, check, descendants, wait_for
 
-SOON = 3  # seconds, for what a click does
+SOON = 10  # seconds, for what a click does
 ROLES = {"radio button": ("radio button", "check box")}
 # The places of papers in the menus of the Zephrel PS 9000.
 ITEMS = {"Thick Paper (épais)": 3, "Heavy Paper": 3, "Recycled Paper": 2}
@@ -46,33 +46,31 @@ class Gtk4User(User):
                             "windowraise", "%@"], check=True)
         super().click(node)
 
-    def click_until(self, find, is_done):
+    def click_until(self, role, name, is_done):
         """A click that a window missed, because it was not there yet, has done nothing."""
         def try_it():
-            if not is_done():
-                self.click(find())
-            return soon(is_done)
-        wait_for("what a click does", try_it, self.describe)
+            node = self.find(role, name)
+            if not is_done(node):
+                self.click(node)
+            return soon(lambda: is_done(node))
+        wait_for(f"what a click on the {role} “{name}” does", try_it, self.describe)
 
     def act(self, role, name):
         if role == "push button":
             super().act(role, name)
-        elif role == "page tab":
-            self.open_tab(name)
         else:
-            self.click_until(lambda: self.find(role, name), lambda: self.is_checked(role, name))
+            self.click_until(role, name, has(Atspi.StateType.CHECKED))
+
+    def tick(self, name):
+        self.act("check box", name)
 
     def press(self, name):
         """Of a dialog: it goes, or a message comes."""
         before = windows_on_screen()
-        self.click_until(lambda: self.find("push button", name),
-                         lambda: windows_on_screen() != before)
+        self.click_until("push button", name, lambda _: windows_on_screen() != before)
 
     def open_tab(self, name):
-        def is_in_front():
-            tab = self.seek("page tab", name)
-            return tab and tab.get_state_set().contains(Atspi.StateType.SELECTED)
-        self.click_until(lambda: self.find("page tab", name), is_in_front)
+        self.click_until("page tab", name, has(Atspi.StateType.SELECTED))
 
     def pick(self, box_label, item):
         combo = self.labelled("combo box", box_label)
@@ -90,9 +88,11 @@ class Gtk4User(User):
         return wait_for(f"the {box_label} in the sentence", probe, self.describe)
 
     def choose_printer(self, name):
-        row = self.find("table row", name)
-        self.click_until(lambda: self.find("table row", name),
-                         lambda: row.get_state_set().contains(Atspi.StateType.SELECTED))
+        self.click_until("table row", name, has(Atspi.StateType.SELECTED))
+
+
+def has(state):
+    return lambda node: node.get_state_set().contains(state)
 
 
 def windows_on_screen():
