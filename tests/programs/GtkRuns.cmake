@@ -28,8 +28,9 @@ if(PUBLISHING_GTK4)
     set(foreign text-editor print-editor)
   endif()
   foreach(case
-      operation operation-async own-dialog header-bar ${foreign}
-      switched-off switched-off-by-rule no-panel-library other-panel-library setting-cleared
+      operation operation-async own-dialog header-bar ${foreign} stale-cache
+      switched-off switched-off-by-rule not-listed another-gtk no-panel-library other-panel-library
+      setting-cleared
       twice-in-own-dialog twice-in-operation replaced-meanwhile two-at-once
       other-printers broken-ppd process-untouched)
     publishing_add_run(gtk4-${case} extension/gtk4_run.py

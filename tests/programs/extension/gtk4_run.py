@@ -11,7 +11,7 @@ import sys
 
 import extension_run
 from dialog_user import Atspi, GLib, check, wait_for
-from extension_run import Desk, end_quietly, whole_run
+from extension_run import Desk, bare_run, end_quietly, whole_run
 from gi.repository import Gio
 from gtk4_user import Gtk4Program
 
@@ -79,13 +79,29 @@ def print_editor(desk):
     whole_run(desk, open_dialog, "Print", end_quietly)
 
 
+def another_gtk(desk):
+    bare_run(desk, "does not know those of GTK 5.", **desk.preloaded(ANOTHER_GTK_MAJOR="5"))
+
+
+def stale_cache(desk):
+    """GIO loads the module with the program; its dialog has the panel all the same."""
+    os.remove(os.path.join(desk.copy_libraries(desk.loader, desk.panel), "giomodule.cache"))
+    whole_run(desk, lambda: desk.start("print-operation"), "Print")
+
+
+def not_listed(desk):
+    """Inert until the setting lists it, although GIO loads it with GTK's own backends."""
+    desk.write_settings("file,cups")
+    bare_run(desk, None)
+
+
 CASES = {name: extension_run.CASES[name] for name in (
     "operation", "operation-async", "own-dialog", "header-bar",
     "switched-off", "switched-off-by-rule", "no-panel-library", "other-panel-library",
     "setting-cleared", "twice-in-own-dialog", "twice-in-operation", "replaced-meanwhile",
     "two-at-once", "destroyed", "other-printers", "broken-ppd", "process-untouched")}
 CASES |= {function.__name__.replace("_", "-"): function for function in (
-    text_editor, print_editor)}
+    text_editor, print_editor, another_gtk, stale_cache, not_listed)}
 
 
 def run(build, project, case, steps=None):
