@@ -130,7 +130,7 @@ void GtkInterface::setTooltip(std::string_view name, const std::string& text) {
 
 void GtkInterface::revealText(std::string_view name, std::size_t first, std::size_t length) {
   GtkTextField* field = textField(name);
-  if (field == nullptr) return;
+  if (field == nullptr || toolkit::windowOf(field->widget()) == nullptr) return;
   for (const auto& [tabsName, tabs] : tabViews_)
     tabs->bringToFront(field->widget());
   field->select(first, length);

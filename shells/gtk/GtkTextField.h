@@ -25,7 +25,8 @@ class GtkTextField final : public GtkControl<TextField> {
   void setStringValue(const std::string& value) override;
   void setFormatter(std::shared_ptr<const Formatter> formatter) override;
 
-  // Puts the keyboard on the field and selects `length` of its characters from `first` on.
+  // Puts the keyboard on the field, which is in a window, and selects `length` of its characters
+  // from `first` on.
   void select(std::size_t first, std::size_t length);
 
   // What the field says of an insertion that was refused last; empty for nothing.

@@ -4,6 +4,7 @@
 // a file of their own in both.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,8 +48,11 @@ GtkWindow* windowOf(GtkWidget* widget);
 // Ends the window, whoever holds on to it.
 void destroyWindow(GtkWindow* window);
 
+// Calls the function when that happens to the window, perhaps more than once.
+void whenDestroyed(GtkWindow* window, std::function<void()> function);
+
 // Shows the dialog and waits for the answer; GTK_RESPONSE_NONE when it is hidden or destroyed
-// without one. The dialog stays.
+// without one, or the window that it belongs to is destroyed. The dialog stays.
 int runDialog(GtkDialog* dialog);
 
 // Of check boxes and of radio buttons.

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/GlibHandles.h"
+#include "tests/support/GtkGestures.h"
 
 namespace publishing {
 namespace {
@@ -13,11 +14,6 @@ std::string textProperty(GtkDialog* dialog, const char* property) {
   g_object_get(dialog, property, &text, nullptr);
   const GlibText owned(text);
   return text != nullptr ? text : "";
-}
-
-// What the button's label shows.
-std::string labelOf(GtkWidget* button) {
-  return gtk_label_get_text(GTK_LABEL(gtk_bin_get_child(GTK_BIN(button))));
 }
 
 }  // namespace
@@ -49,10 +45,10 @@ gboolean AlertWatch::answer(gpointer self) {
   if (gtk_widget_get_mapped(GTK_WIDGET(dialog.get())) == 0) return G_SOURCE_REMOVE;  // closed
   GtkWidget* button = gtk_window_get_default_widget(GTK_WINDOW(dialog.get()));
   watch.alerts_(textProperty(dialog.get(), "text"), textProperty(dialog.get(), "secondary-text"),
-                labelOf(button));
+                gestures::labelOf(button));
   const int response = std::exchange(watch.nextAnswer_, 0);
   if (response != 0) button = gtk_dialog_get_widget_for_response(dialog.get(), response);
-  gtk_button_clicked(GTK_BUTTON(button));
+  gestures::click(button);
   return G_SOURCE_REMOVE;
 }
 

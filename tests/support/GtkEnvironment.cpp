@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
+#include "tests/support/GtkGestures.h"
+
 namespace publishing {
 namespace {
 
@@ -31,8 +33,7 @@ class GtkEnvironment final : public testing::Environment {
  public:
   void SetUp() override {
     g_log_set_writer_func(failOnWarnings, nullptr, nullptr);
-    ASSERT_TRUE(gtk_init_check(nullptr, nullptr))
-        << "no display; run this with tests/support/with-display";
+    ASSERT_TRUE(gestures::startToolkit()) << "no display; run this with tests/support/with-display";
     g_type_class_unref(g_type_class_ref(GTK_TYPE_WIDGET));  // registers the signals
   }
 };

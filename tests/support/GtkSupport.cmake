@@ -1,21 +1,26 @@
 # SPDX-License-Identifier: Apache-2.0
 # The stage of panel scripts on real widgets, with the toolkit's warnings as test failures.
-add_library(gtk-stage STATIC AlertWatch.cpp GtkStage.cpp)
-target_link_libraries(gtk-stage PUBLIC publishing-gtk3)
-add_library(gtk-environment OBJECT GtkEnvironment.cpp)
-target_link_libraries(gtk-environment PUBLIC gtk-stage GTest::gtest)
+foreach(major IN LISTS PUBLISHING_GTK)
+  add_library(gtk${major}-stage STATIC AlertWatch.cpp GtkStage.cpp gtk${major}/GtkGestures.cpp)
+  target_link_libraries(gtk${major}-stage PUBLIC publishing-gtk${major})
+  add_library(gtk${major}-environment OBJECT GtkEnvironment.cpp)
+  target_link_libraries(gtk${major}-environment PUBLIC gtk${major}-stage GTest::gtest)
 
-# A user at a print dialog that has the panel.
-add_library(print-dialog-user STATIC PrintDialogUser.cpp)
-target_link_libraries(print-dialog-user PUBLIC gtk-stage publishing-gtk3-host)
+  # A user at a print dialog that has the panel.
+  add_library(gtk${major}-dialog-user STATIC PrintDialogUser.cpp)
+  target_link_libraries(gtk${major}-dialog-user PUBLIC gtk${major}-stage publishing-gtk${major}-host)
+endforeach()
+if(NOT PUBLISHING_GTK3)
+  return()
+endif()
 
 # Pictures in the build folder: cmake --build --preset release --target screenshots
 add_library(picture STATIC EXCLUDE_FROM_ALL Picture.cpp)
 target_link_libraries(picture PUBLIC publishing-gtk3)
 add_executable(panel-screenshots EXCLUDE_FROM_ALL panel-screenshots.cpp)
-target_link_libraries(panel-screenshots PRIVATE gtk-stage panel-script-runner picture)
+target_link_libraries(panel-screenshots PRIVATE gtk3-stage panel-script-runner picture)
 add_executable(dialog-screenshots EXCLUDE_FROM_ALL dialog-screenshots.cpp)
-target_link_libraries(dialog-screenshots PRIVATE print-dialog-user picture)
+target_link_libraries(dialog-screenshots PRIVATE gtk3-dialog-user picture)
 set_target_properties(panel-screenshots dialog-screenshots PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 add_custom_target(screenshots

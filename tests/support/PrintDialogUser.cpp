@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PrintDialogUser.h"
 
-#include <memory>
 #include <stdexcept>
 
 #include "base/GlibHandles.h"
 #include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/GtkStage.h"
 
 namespace publishing {
@@ -15,33 +15,8 @@ namespace {
 constexpr const char* kTabName = "Publishing";
 constexpr guint kLongestWait = 20;  // seconds
 
-void forEachWidget(GtkWidget* widget, const std::function<void(GtkWidget*)>& visit) {
-  visit(widget);
-  if (!GTK_IS_CONTAINER(widget)) return;
-  const auto each = [](GtkWidget* child, gpointer data) {
-    forEachWidget(child, *static_cast<const std::function<void(GtkWidget*)>*>(data));
-  };
-  auto* data = const_cast<std::function<void(GtkWidget*)>*>(&visit);  // NOLINT: C callback
-  gtk_container_forall(GTK_CONTAINER(widget), each, data);
-}
-
 GtkWidget* templateChild(GtkWidget* dialog, const char* id) {
   return GTK_WIDGET(gtk_widget_get_template_child(dialog, GTK_TYPE_PRINT_UNIX_DIALOG, id));
-}
-
-using GlibList = std::unique_ptr<GList, decltype([](GList* list) { g_list_free(list); })>;
-
-// The menu's item with that label, if any, and the labels of all.
-GtkWidget* itemOf(GtkWidget* menu, const std::string& label, std::vector<std::string>* labels) {
-  const GlibList items(gtk_container_get_children(GTK_CONTAINER(menu)));
-  GtkWidget* found = nullptr;
-  for (GList* item = items.get(); item != nullptr; item = item->next) {
-    if (GTK_IS_SEPARATOR_MENU_ITEM(item->data)) continue;
-    const gchar* text = gtk_menu_item_get_label(GTK_MENU_ITEM(item->data));
-    if (labels != nullptr) labels->emplace_back(text);
-    if (label == text) found = GTK_WIDGET(item->data);
-  }
-  return found;
 }
 
 // What a tab is called, less the mark that something of it is on.
@@ -71,7 +46,7 @@ PrintDialogUser::PrintDialogUser(GtkPrintSettings* settings)
 }
 
 PrintDialogUser::~PrintDialogUser() {
-  gtk_widget_destroy(dialog_.get());
+  toolkit::destroyWindow(GTK_WINDOW(dialog_.get()));
   dialog_.reset();  // GTK looks for conflicts in a destroyed dialog that somebody holds on to
   GtkStage::settle();
 }
@@ -86,7 +61,7 @@ void PrintDialogUser::waitUntil(const char* what, const std::function<bool()>& c
       },
       &late);
   while (!late && !condition())
-    gtk_main_iteration();
+    g_main_context_iteration(nullptr, TRUE);
   g_source_remove(clock);
   if (late) throw std::runtime_error(std::string("waited in vain for ") + what);
 }
@@ -107,25 +82,10 @@ void PrintDialogUser::choosePrinterOnly(const std::string& name) {
 }
 
 void PrintDialogUser::selectPrinter(const std::string& name) {
-  auto* list = GTK_TREE_VIEW(templateChild(dialog(), "printer_treeview"));
-  const auto select = [&] {
-    GtkTreeModel* model = gtk_tree_view_get_model(list);
-    GtkTreeIter row;
-    for (bool more = gtk_tree_model_get_iter_first(model, &row) != 0; more;
-         more = gtk_tree_model_iter_next(model, &row) != 0) {
-      GtkPrinter* printer = nullptr;
-      gtk_tree_model_get(model, &row, 5, &printer, -1);
-      const GObjectPtr<GtkPrinter> owned(printer);
-      if (printer == nullptr || name != gtk_printer_get_name(printer)) continue;
-      gtk_tree_selection_select_iter(gtk_tree_view_get_selection(list), &row);
-      return true;
-    }
-    return false;
-  };
-  waitUntil("the printer in the list", select);
+  auto* dialog = GTK_PRINT_UNIX_DIALOG(this->dialog());
+  waitUntil("the printer in the list", [&] { return gestures::pickPrinter(dialog, name); });
   waitUntil("the printer's details", [&] {
-    GtkPrinter* printer =
-        gtk_print_unix_dialog_get_selected_printer(GTK_PRINT_UNIX_DIALOG(dialog()));
+    GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(dialog);
     return printer != nullptr && name == gtk_printer_get_name(printer);
   });
 }
@@ -168,15 +128,14 @@ std::string PrintDialogUser::frontTab() const {
 
 GtkWidget* PrintDialogUser::find(const char* id) const {
   GtkWidget* found = nullptr;
-  forEachWidget(dialog(), [&](GtkWidget* widget) {
+  gestures::forEachWidget(dialog(), [&](GtkWidget* widget) {
     if (toolkit::idOf(G_OBJECT(widget)) == id) found = widget;
   });
   return found;
 }
 
 void PrintDialogUser::click(const char* checkBox) {
-  GtkWidget* button = find(checkBox);
-  if (gtk_widget_is_sensitive(button) != 0) gtk_button_clicked(GTK_BUTTON(button));
+  gestures::click(find(checkBox));
   GtkStage::settle();
 }
 
@@ -189,33 +148,17 @@ void PrintDialogUser::pick(const char* popUp, int index) {
 }
 
 void PrintDialogUser::type(const char* text) {
-  GtkWidget* entry = find("PiPageNum");
-  if (gtk_widget_is_sensitive(entry) == 0) return;
+  auto* entry = GTK_ENTRY(find("PiPageNum"));
+  if (gtk_widget_is_sensitive(GTK_WIDGET(entry)) == 0) return;
   gtk_editable_select_region(GTK_EDITABLE(entry), 0, -1);
-  g_signal_emit_by_name(entry, "backspace");
+  gestures::backspace(entry);
   GtkStage::settle();
-  g_signal_emit_by_name(entry, "insert-at-cursor", text);
+  gestures::insert(entry, text);
   GtkStage::settle();
 }
 
 std::vector<std::string> PrintDialogUser::choosePreset(const char* label, const char* below) {
-  GtkWidget* button = find("Presets");
-  gtk_button_clicked(GTK_BUTTON(button));
-  GtkStage::settle();
-  const GlibList menus(g_list_copy(gtk_menu_get_for_attach_widget(button)));
-  const auto menu = shareGObject(GTK_WIDGET(menus->data));
-  std::vector<std::string> labels;
-  GtkWidget* chosen = itemOf(menu.get(), label, &labels);
-  if (chosen != nullptr && below != nullptr) {
-    chosen = itemOf(gtk_menu_item_get_submenu(GTK_MENU_ITEM(chosen)), below, nullptr);
-  }
-  if (chosen != nullptr && gtk_widget_is_sensitive(chosen) != 0) {
-    gtk_menu_shell_activate_item(GTK_MENU_SHELL(gtk_widget_get_parent(chosen)), chosen, TRUE);
-  } else {
-    gtk_menu_popdown(GTK_MENU(menu.get()));
-  }
-  GtkStage::settle();
-  return labels;
+  return gestures::chooseFromMenu(find("Presets"), label, below);
 }
 
 void PrintDialogUser::setDialogOption(const char* name, const char* choice) {
@@ -226,15 +169,13 @@ void PrintDialogUser::setDialogOption(const char* name, const char* choice) {
 }
 
 void PrintDialogUser::setReverse(bool reverse) {
-  gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(templateChild(dialog(), "reverse_check")),
-                               reverse);
+  toolkit::setActive(GTK_CHECK_BUTTON(templateChild(dialog(), "reverse_check")), reverse);
   GtkStage::settle();
 }
 
 bool PrintDialogUser::print() {
   const int before = responses_;
-  gtk_button_clicked(
-      GTK_BUTTON(gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog()), GTK_RESPONSE_OK)));
+  gestures::click(gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog()), GTK_RESPONSE_OK));
   GtkStage::settle();
   return responses_ != before;
 }
@@ -259,7 +200,7 @@ std::string PrintDialogUser::setting(const std::string& name) const {
 }
 
 bool PrintDialogUser::isTicked(const char* checkBox) const {
-  return gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(find(checkBox))) != 0;
+  return toolkit::isActive(GTK_CHECK_BUTTON(find(checkBox)));
 }
 
 bool PrintDialogUser::isSensitive(const char* control) const {
@@ -271,7 +212,7 @@ int PrintDialogUser::picked(const char* popUp) const {
 }
 
 std::string PrintDialogUser::text(const char* entry) const {
-  return gtk_entry_get_text(GTK_ENTRY(find(entry)));
+  return toolkit::textOf(GTK_ENTRY(find(entry)));
 }
 
 std::string PrintDialogUser::selection(const char* entry) const {
@@ -283,7 +224,9 @@ std::string PrintDialogUser::selection(const char* entry) const {
 }
 
 bool PrintDialogUser::hasFocus(const char* control) const {
-  return gtk_window_get_focus(GTK_WINDOW(dialog())) == find(control);
+  GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(dialog()));
+  return focus != nullptr &&
+         (focus == find(control) || gtk_widget_is_ancestor(focus, find(control)) != 0);
 }
 
 int PrintDialogUser::frontPanelTab() const {
@@ -291,13 +234,15 @@ int PrintDialogUser::frontPanelTab() const {
 }
 
 std::string PrintDialogUser::tooltip(const char* control) const {
-  const GlibText tooltip(gtk_widget_get_tooltip_text(find(control)));
-  return tooltip != nullptr ? tooltip.get() : "";
+  gchar* text = nullptr;
+  g_object_get(find(control), "tooltip-text", &text, nullptr);
+  const GlibText tooltip(text);
+  return text != nullptr ? text : "";
 }
 
 bool PrintDialogUser::showsAnywhere(const std::string& text) const {
   bool found = false;
-  forEachWidget(dialog(), [&](GtkWidget* widget) {
+  gestures::forEachWidget(dialog(), [&](GtkWidget* widget) {
     if (!GTK_IS_LABEL(widget) || gtk_widget_get_mapped(widget) == 0) return;
     const std::string shown = gtk_label_get_text(GTK_LABEL(widget));
     found = found || shown.find(text) != std::string::npos;
@@ -312,7 +257,7 @@ std::string PrintDialogUser::buttonLabel(const char* button) const {
 bool PrintDialogUser::shows(const std::string& text) const {
   bool found = false;
   if (page() == nullptr) return false;
-  forEachWidget(page(), [&](GtkWidget* widget) {
+  gestures::forEachWidget(page(), [&](GtkWidget* widget) {
     if (!GTK_IS_LABEL(widget) || gtk_widget_get_child_visible(widget) == 0) return;
     GtkWidget* top = gtk_widget_get_ancestor(widget, GTK_TYPE_STACK);
     if (top == nullptr) return;

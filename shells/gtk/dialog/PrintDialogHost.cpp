@@ -105,9 +105,6 @@ void PrintDialogHost::connect() {
     guarded([&] { print = static_cast<PrintDialogHost*>(self)->host_.mayPrint(); });
     if (!print) g_signal_stop_emission_by_name(dialog, "response");
   };
-  const auto gone = [](GtkWidget* dialog, gpointer) {
-    g_object_set_data(G_OBJECT(dialog), kHostKey, nullptr);
-  };
   const auto soon = [](GtkWidget*, gpointer self) {
     static_cast<PrintDialogHost*>(self)->refreshSoon();
   };
@@ -121,7 +118,9 @@ void PrintDialogHost::connect() {
     if (picked && picked->isPending) followPrinter();
   });
   handlers_.connect(page_.content(), "map", G_CALLBACK(+mapped), this);
-  g_signal_connect(dialog_, "destroy", G_CALLBACK(+gone), nullptr);
+  toolkit::whenDestroyed(GTK_WINDOW(dialog_), [dialog = G_OBJECT(dialog_)] {
+    g_object_set_data(dialog, kHostKey, nullptr);
+  });
   GObject* reverse =
       gtk_widget_get_template_child(GTK_WIDGET(dialog_), GTK_TYPE_PRINT_UNIX_DIALOG, kReverseCheck);
   if (GTK_IS_CHECK_BUTTON(reverse)) {

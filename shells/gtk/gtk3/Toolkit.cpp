@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/Toolkit.h"
 
+#include <utility>
+
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/SignalHandlers.h"
 
 namespace publishing::toolkit {
 
@@ -60,6 +63,10 @@ GtkWindow* windowOf(GtkWidget* widget) {
 
 void destroyWindow(GtkWindow* window) {
   gtk_widget_destroy(GTK_WIDGET(window));
+}
+
+void whenDestroyed(GtkWindow* window, std::function<void()> function) {
+  callAtEach(window, "destroy", std::move(function));
 }
 
 int runDialog(GtkDialog* dialog) {

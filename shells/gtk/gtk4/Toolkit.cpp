@@ -1,10 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/Toolkit.h"
 
+#include <utility>
+
 #include "shells/gtk/GObjectPtr.h"
+#include "shells/gtk/SignalHandlers.h"
 #include "shells/gtk/gtk4/RadioButton.h"
 
 namespace publishing::toolkit {
+
+namespace {
+
+// Whether the window was not destroyed.
+bool isOpen(GtkWindow* window) {
+  GListModel* windows = gtk_window_get_toplevels();
+  for (guint i = 0; i < g_list_model_get_n_items(windows); ++i) {
+    const GObjectPtr<GtkWindow> open(GTK_WINDOW(g_list_model_get_item(windows, i)));
+    if (open.get() == window) return true;
+  }
+  return false;
+}
+
+}  // namespace
 
 const char* const kLibrary = "libgtk-4.so.1";
 
@@ -55,6 +72,15 @@ void destroyWindow(GtkWindow* window) {
   gtk_window_destroy(window);
 }
 
+// A window that somebody holds on to, such as the signal being dealt with, tells of its end much
+// later than it comes: it is unrealized first.
+void whenDestroyed(GtkWindow* window, std::function<void()> function) {
+  callAtEach(window, "destroy", function);
+  callAtEach(window, "unrealize", [window, function = std::move(function)] {
+    if (!isOpen(window)) function();
+  });
+}
+
 int runDialog(GtkDialog* dialog) {
   struct Run {
     GMainLoop* loop;
@@ -64,21 +90,22 @@ int runDialog(GtkDialog* dialog) {
     static_cast<Run*>(run)->response = response;
     g_main_loop_quit(static_cast<Run*>(run)->loop);
   };
-  const auto hidden = [](GtkWidget*, gpointer run) {
+  const auto gone = [](GtkWidget*, gpointer run) {
     g_main_loop_quit(static_cast<Run*>(run)->loop);
   };
-  const auto kept = shareGObject(dialog);
+  GtkWindow* parent = gtk_window_get_transient_for(GTK_WINDOW(dialog));
+  if (parent != nullptr && !isOpen(parent)) return GTK_RESPONSE_NONE;
   Run run{g_main_loop_new(nullptr, FALSE), GTK_RESPONSE_NONE};
-  const gulong handlers[] = {g_signal_connect(dialog, "response", G_CALLBACK(+responded), &run),
-                             g_signal_connect(dialog, "unmap", G_CALLBACK(+hidden), &run),
-                             g_signal_connect(dialog, "destroy", G_CALLBACK(+hidden), &run)};
-  gtk_window_present(GTK_WINDOW(dialog));
-  g_main_loop_run(run.loop);
-  for (const gulong handler : handlers)
-    if (g_signal_handler_is_connected(dialog, handler) != 0)
-      g_signal_handler_disconnect(dialog, handler);
+  {
+    SignalHandlers handlers;
+    handlers.connect(dialog, "response", G_CALLBACK(+responded), &run);
+    handlers.connect(dialog, "unmap", G_CALLBACK(+gone), &run);
+    if (parent != nullptr) handlers.connect(parent, "unrealize", G_CALLBACK(+gone), &run);
+    gtk_window_present(GTK_WINDOW(dialog));
+    g_main_loop_run(run.loop);
+  }
   g_main_loop_unref(run.loop);
-  return run.response;
+  return parent == nullptr || isOpen(parent) ? run.response : GTK_RESPONSE_NONE;
 }
 
 bool isActive(GtkCheckButton* button) {

@@ -7,7 +7,9 @@
 #include <sys/stat.h>
 
 #include "shells/HelpBook.h"
+#include "shells/gtk/Toolkit.h"
 #include "tests/shells/conformance/ControlsOwner.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/GtkStage.h"
 #include "tests/support/PrintDialogUser.h"
 #include "tests/support/TemporaryFolder.h"
@@ -70,6 +72,8 @@ TEST(GtkHelp, OpensInTheWebBrowserAtTheTabInFront) {
   GtkBundle bundle(desktop.folder.path());
   ASSERT_TRUE(bundle.registerHelpBook());
   ASSERT_TRUE(bundle.loadInterface("Publishing", owner));
+  const auto window = gestures::newWindow();
+  gestures::setContent(GTK_WINDOW(window.get()), bundle.interface()->view()->widget());
   bundle.interface()->tabView("tabView")->removeTabViewItemAtIndex(1);  // as the panel does
   for (const char* part : {"#covers", "#inserts"}) {
     std::filesystem::remove(desktop.folder / "browser");
@@ -80,6 +84,7 @@ TEST(GtkHelp, OpensInTheWebBrowserAtTheTabInFront) {
     bundle.revealText("PiPageNum", 0, 0);
   }
   EXPECT_EQ(desktop.startedWith("editor"), "");
+  toolkit::destroyWindow(GTK_WINDOW(window.get()));
 }
 
 }  // namespace

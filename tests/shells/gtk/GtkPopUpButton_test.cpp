@@ -9,23 +9,15 @@
 namespace publishing {
 namespace {
 
-bool isList(GtkWidget* comboBox) {
-  gboolean list = FALSE;
-  gtk_widget_style_get(comboBox, "appears-as-list", &list, nullptr);
-  return list != FALSE;
-}
-
-TEST(GtkPopUpButton, ShowsManyItemsAsAListThatBehavesLikeTheMenu) {
+TEST(GtkPopUpButton, ManyItemsBehaveLikeFew) {
   ControlsOwner owner;
   GtkStage stage([](const auto&...) {});
   stage.bundle()->loadInterface("Publishing", owner);
   GtkPopUpButton& media = *stage.shown()->popUpButton("CmMediaType");
   media.addItemsWithTitles({"first", "second"});
   media.selectItemAtIndex(1);
-  EXPECT_FALSE(isList(media.widget()));
   media.addItemsWithTitles(std::vector<std::string>(1000, "more"));
   GtkStage::settle();
-  EXPECT_TRUE(isList(media.widget()));
   EXPECT_EQ(media.numberOfItems(), 1002);
   EXPECT_EQ(media.indexOfSelectedItem(), 1);
   media.setItemEnabledAtIndex(1001, false);

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "Publishing/CustomTextFieldFormatter.h"
+#include "shells/gtk/Toolkit.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/GtkStage.h"
 
 namespace publishing {
@@ -17,25 +19,26 @@ class GtkTextFieldTest : public testing::Test {
     auto formatter = std::make_shared<CustomTextFieldFormatter>();
     formatter->allowsonlyNumericsAndSpecialCharacters(true);
     field.setFormatter(formatter);
-    gtk_container_add(GTK_CONTAINER(window.get()), field.widget());
-    gtk_widget_show_all(window.get());
+    gestures::setContent(GTK_WINDOW(window.get()), field.widget());
+    toolkit::showWithChildren(window.get());
     GtkStage::settle();
   }
-  ~GtkTextFieldTest() override { gtk_widget_destroy(window.get()); }
+  ~GtkTextFieldTest() override { toolkit::destroyWindow(GTK_WINDOW(window.get())); }
 
   void select(int start, int end) {
     gtk_editable_select_region(GTK_EDITABLE(field.widget()), start, end);
   }
 
+  [[nodiscard]] GtkEntry* entry() const { return GTK_ENTRY(field.widget()); }
+
   // What one paste of the text over the selection makes of the field.
   std::string paste(const char* text) {
-    gtk_clipboard_set_text(gtk_clipboard_get(GDK_SELECTION_CLIPBOARD), text, -1);
-    gtk_editable_paste_clipboard(GTK_EDITABLE(field.widget()));
+    gestures::paste(entry(), text);
     GtkStage::settle();
     return field.stringValue().value();
   }
 
-  GObjectPtr<GtkWidget> window = shareGObject(gtk_window_new(GTK_WINDOW_TOPLEVEL));
+  GObjectPtr<GtkWidget> window = gestures::newWindow();
   GtkTextField field{GTK_ENTRY(gtk_entry_new())};
 };
 
@@ -61,7 +64,7 @@ TEST_F(GtkTextFieldTest, PasteWithOneBadCharacterIsRefusedAsAWhole) {
 TEST_F(GtkTextFieldTest, RefusedCharactersAreSeenToBeRefused) {
   EXPECT_EQ(field.refusal(), "");
   for (const char* typed : {" ", "–", "x"}) {
-    g_signal_emit_by_name(field.widget(), "insert-at-cursor", typed);
+    gestures::insert(entry(), typed);
     GtkStage::settle();
     EXPECT_NE(field.refusal().find("“" + std::string(typed) + "” was not accepted"),
               std::string::npos)
@@ -70,7 +73,7 @@ TEST_F(GtkTextFieldTest, RefusedCharactersAreSeenToBeRefused) {
   EXPECT_NE(paste("5 8").size(), 3U);
   EXPECT_NE(field.refusal().find("“5 8”"), std::string::npos);
   // It lasts while the user types on.
-  g_signal_emit_by_name(field.widget(), "insert-at-cursor", "5");
+  gestures::insert(entry(), "5");
   GtkStage::settle();
   EXPECT_EQ(field.stringValue(), "5");
   EXPECT_NE(field.refusal(), "");
@@ -78,16 +81,16 @@ TEST_F(GtkTextFieldTest, RefusedCharactersAreSeenToBeRefused) {
 
 TEST_F(GtkTextFieldTest, RefusalOfAFieldThatIsNotShownIsNotShown) {
   gtk_widget_hide(field.widget());
-  g_signal_emit_by_name(field.widget(), "insert-at-cursor", " ");
+  gestures::insert(entry(), " ");
   EXPECT_EQ(field.refusal(), "");
 }
 
 TEST_F(GtkTextFieldTest, EachDeletionStandsByItself) {
   field.setStringValue("3,5,9");
   select(0, -1);
-  g_signal_emit_by_name(field.widget(), "backspace");
+  gestures::backspace(entry());
   GtkStage::settle();
-  g_signal_emit_by_name(field.widget(), "insert-at-cursor", "x");
+  gestures::insert(entry(), "x");
   EXPECT_EQ(field.stringValue(), "");
 }
 
@@ -104,7 +107,7 @@ TEST_F(GtkTextFieldTest, TextFromCodeComesBackAsItWasGiven) {
 TEST_F(GtkTextFieldTest, TextFromCodeIsNotAskedAndCanBeMended) {
   field.setStringValue("pages 3");
   select(0, 6);
-  g_signal_emit_by_name(field.widget(), "backspace");
+  gestures::backspace(entry());
   EXPECT_EQ(field.stringValue(), "3");
 }
 

@@ -8,7 +8,9 @@
 
 #include "shells/Guarded.h"
 #include "shells/gtk/GtkControls.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
+#include "tests/support/GtkGestures.h"
 
 namespace {
 
@@ -53,7 +55,7 @@ bool attachesWith(int allocations) {
   allocationsLeft = -1;
   EXPECT_EQ(tabsOf(dialog.get()), bareTabs + (attached ? 1 : 0)) << allocations;
   EXPECT_EQ(PrintDialogHost::of(GTK_PRINT_UNIX_DIALOG(dialog.get())) != nullptr, attached);
-  gtk_widget_destroy(dialog.get());
+  toolkit::destroyWindow(GTK_WINDOW(dialog.get()));
   return attached;
 }
 
@@ -72,8 +74,8 @@ TEST(DialogFaults, ThrowingActionEndsBeforeTheToolkit) {
     ++calls;
     throw std::runtime_error("fault");
   });
-  EXPECT_NO_THROW(gtk_button_clicked(GTK_BUTTON(box.get())));
-  EXPECT_NO_THROW(gtk_button_clicked(GTK_BUTTON(box.get())));
+  EXPECT_NO_THROW(gestures::click(box.get()));
+  EXPECT_NO_THROW(gestures::click(box.get()));
   EXPECT_EQ(calls, 2);
 }
 

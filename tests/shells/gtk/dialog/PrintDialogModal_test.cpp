@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "printing/StoredSettings.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 #include "tests/support/PrintDialogUser.h"
 
@@ -37,7 +38,7 @@ class PrintDialogModalTest : public testing::Test {
   }
 
   static void destroyAtTheQuestion(PrintDialogUser& user) {
-    user.watch.onShown = [&user](GtkDialog*) { gtk_widget_destroy(user.dialog()); };
+    user.watch.onShown = [&user](GtkDialog*) { toolkit::destroyWindow(GTK_WINDOW(user.dialog())); };
   }
 
   static void selectStudioAtTheQuestion(PrintDialogUser& user) {

@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 
 #include "printing/presets/Presets.h"
+#include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/PrintDialogUser.h"
 
 namespace publishing {
@@ -19,19 +21,15 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr const char* kSaveAs = "_Save as…";
-constexpr const char* kDelete = "_Delete";
+constexpr const char* kSaveAs = "Save as…";
+constexpr const char* kDelete = "Delete";
 
-GtkWidget* firstEntryIn(GtkWidget* widget) {
-  if (GTK_IS_ENTRY(widget)) return widget;
-  GtkWidget* found = nullptr;
-  if (!GTK_IS_CONTAINER(widget)) return found;
-  const auto look = [](GtkWidget* child, gpointer data) {
-    auto** entry = static_cast<GtkWidget**>(data);
-    if (*entry == nullptr) *entry = firstEntryIn(child);
-  };
-  gtk_container_forall(GTK_CONTAINER(widget), +look, static_cast<gpointer>(&found));
-  return found;
+GtkEntry* entryIn(GtkWidget* dialog) {
+  GtkEntry* entry = nullptr;
+  gestures::forEachWidget(dialog, [&](GtkWidget* widget) {
+    if (GTK_IS_ENTRY(widget)) entry = GTK_ENTRY(widget);
+  });
+  return entry;
 }
 
 class PrintDialogPresetsTest : public testing::Test {
@@ -51,10 +49,10 @@ class PrintDialogPresetsTest : public testing::Test {
   // The next question for a name gets these, one after the other, each with the default button.
   static void answerWithNames(PrintDialogUser& user, std::vector<std::string> names) {
     user.watch.onShown = [names](GtkDialog* dialog) {
-      GtkWidget* entry = firstEntryIn(GTK_WIDGET(dialog));
+      GtkEntry* entry = entryIn(GTK_WIDGET(dialog));
       if (entry == nullptr) return;
       for (const std::string& name : names) {
-        gtk_entry_set_text(GTK_ENTRY(entry), name.c_str());
+        toolkit::setText(entry, name);
         if (&name != &names.back()) gtk_dialog_response(dialog, GTK_RESPONSE_OK);
       }
     };
@@ -118,7 +116,7 @@ TEST_F(PrintDialogPresetsTest, DialogDestroyedAtTheQuestionIsSurvived) {
     if (!isNamed) Presets().store({.name = "Report"}, Presets::Existing::Keep);
     PrintDialogUser user;
     makeCovers(user);
-    user.watch.onShown = [&user](GtkDialog*) { gtk_widget_destroy(user.dialog()); };
+    user.watch.onShown = [&user](GtkDialog*) { toolkit::destroyWindow(GTK_WINDOW(user.dialog())); };
     if (isNamed) {
       user.choosePreset(kSaveAs);
     } else {

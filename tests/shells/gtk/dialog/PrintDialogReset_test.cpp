@@ -38,9 +38,8 @@ class PrintDialogResetTest : public testing::Test {
     return gtk_label_get_text(GTK_LABEL(user.tabLabel()));
   }
   static std::pair<int, int> sizeOf(const PrintDialogUser& user) {
-    std::pair<int, int> size;
-    gtk_window_get_size(GTK_WINDOW(user.dialog()), &size.first, &size.second);
-    return size;
+    return {gtk_widget_get_allocated_width(user.dialog()),
+            gtk_widget_get_allocated_height(user.dialog())};
   }
 };
 

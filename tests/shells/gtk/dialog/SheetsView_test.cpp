@@ -9,7 +9,10 @@
 #include <gdk/gdkkeysyms.h>
 #include <gtest/gtest.h>
 
+#include "base/GlibHandles.h"
+#include "shells/gtk/Toolkit.h"
 #include "tests/printing/SheetJobs.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/GtkStage.h"
 
 namespace publishing {
@@ -21,14 +24,14 @@ const Options kReport = kTwoSided + covers("2", "1") + inserts("0", "5,8");
 
 class SheetsViewTest : public testing::Test {
  protected:
-  SheetsViewTest() : window(shareGObject(gtk_window_new(GTK_WINDOW_TOPLEVEL))) {
+  SheetsViewTest() : window(gestures::newWindow()) {
     gtk_window_set_default_size(GTK_WINDOW(window.get()), 600, 300);
-    gtk_container_add(GTK_CONTAINER(window.get()), view.widget());
-    gtk_widget_show_all(window.get());
-    GtkStage::settle();
+    gestures::setContent(GTK_WINDOW(window.get()), view.widget());
+    toolkit::showWithChildren(window.get());
+    waitUntil([this] { return gtk_widget_get_allocated_width(view.area()) > 1; });
   }
   ~SheetsViewTest() override {
-    gtk_widget_destroy(window.get());
+    toolkit::destroyWindow(GTK_WINDOW(window.get()));
     GtkStage::settle();
   }
 
@@ -47,28 +50,18 @@ class SheetsViewTest : public testing::Test {
   }
 
   void focus() {
-    GdkEventFocus event{};
-    event.type = GDK_FOCUS_CHANGE;
-    event.in = TRUE;
-    gboolean handled = FALSE;
-    g_signal_emit_by_name(view.area(), "focus-in-event", &event, &handled);
+    leave();
+    gtk_window_present(GTK_WINDOW(window.get()));
+    gtk_widget_grab_focus(view.area());
+    waitUntil([this] { return gtk_widget_has_focus(view.area()) != 0; });
   }
 
   void leave() {
-    GdkEventFocus event{};
-    event.type = GDK_FOCUS_CHANGE;
-    gboolean handled = FALSE;
-    g_signal_emit_by_name(view.area(), "focus-out-event", &event, &handled);
+    gtk_window_set_focus(GTK_WINDOW(window.get()), nullptr);
+    waitUntil([this] { return gtk_widget_has_focus(view.area()) == 0; });
   }
 
-  bool press(guint key) {
-    GdkEventKey event{};
-    event.type = GDK_KEY_PRESS;
-    event.keyval = key;
-    gboolean handled = FALSE;
-    g_signal_emit_by_name(view.area(), "key-press-event", &event, &handled);
-    return handled != 0;
-  }
+  bool press(guint key) { return gestures::pressKey(view.area(), key); }
 
   // Where the middle of an item is in the area.
   [[nodiscard]] PicturePoint middleOf(std::size_t item) const {
@@ -83,8 +76,7 @@ class SheetsViewTest : public testing::Test {
     const int height = gtk_widget_get_allocated_height(view.area());
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
     cairo_t* context = cairo_create(surface);
-    gboolean handled = FALSE;
-    g_signal_emit_by_name(view.area(), "draw", context, &handled);
+    gestures::draw(view.area(), context);
     cairo_destroy(context);
     cairo_surface_flush(surface);
     std::vector<Pixel> pixels;
@@ -102,14 +94,6 @@ class SheetsViewTest : public testing::Test {
     const PictureColour colour = colourOf(PicturePaint::Paper, paper);
     return std::count(pixels.begin(), pixels.end(), Pixel{colour.red, colour.green, colour.blue}) >
            50;
-  }
-
-  [[nodiscard]] std::string accessible(const char* property) const {
-    gchar* text = nullptr;
-    g_object_get(gtk_widget_get_accessible(view.area()), property, &text, nullptr);
-    const std::string copy = text != nullptr ? text : "";
-    g_free(text);
-    return copy;
   }
 
   std::string said;
@@ -131,7 +115,7 @@ TEST_F(SheetsViewTest, RowsAreAsWideAsTheWindow) {
   const int width = gtk_widget_get_allocated_width(view.area());
   EXPECT_LE(view.sheets().picture().width * view.sheets().scale(), width);
   EXPECT_GT(view.sheets().picture().items.back().y, view.sheets().picture().items.front().y);
-  gtk_window_resize(GTK_WINDOW(window.get()), 1300, 300);
+  gestures::resize(GTK_WINDOW(window.get()), 1300, 300);
   waitUntil([this] { return gtk_widget_get_allocated_width(view.area()) > 1000; });
   EXPECT_EQ(view.sheets().picture().items.back().y, view.sheets().picture().items.front().y);
 }
@@ -141,7 +125,7 @@ TEST_F(SheetsViewTest, WhatHasNoRoomIsScrolledOrLeftOut) {
   for (int page = 2; page < 1000; ++page)
     pages += std::to_string(page) + ",";
   show(kTwoSided + inserts("0", pages), 1000);
-  EXPECT_LE(gtk_widget_get_allocated_height(window.get()), 320);
+  EXPECT_LE(gtk_widget_get_allocated_height(view.widget()), 320);
   EXPECT_TRUE(std::any_of(view.sheets().picture().items.begin(),
                           view.sheets().picture().items.end(),
                           [](const auto& item) { return item.kind == PictureItem::Kind::Gap; }));
@@ -162,7 +146,7 @@ TEST_F(SheetsViewTest, KeysGoFromSheetToSheetAndSayThem) {
   EXPECT_EQ(said, "Sheet 1: Leather Grain \u201cGröße A\u201d, front: page 1, back: blank");
   EXPECT_TRUE(press(GDK_KEY_Right));
   EXPECT_EQ(said, "Sheet 2: Plain Paper (Tray 1), front: page 2, back: page 3");
-  EXPECT_EQ(accessible("accessible-name"), said);
+  EXPECT_EQ(gestures::faultOfAccessibleName(view.area(), said), "");
   EXPECT_TRUE(press(GDK_KEY_End));
   EXPECT_EQ(view.sheets().current(), view.sheets().picture().items.size() - 1);
   EXPECT_TRUE(press(GDK_KEY_Right));
@@ -197,11 +181,14 @@ TEST_F(SheetsViewTest, RightToLeftTheFirstSheetIsAtTheRight) {
 
 TEST_F(SheetsViewTest, ScreenReadersGetAnImageThatIsASentence) {
   show(kReport, 10);
-  EXPECT_EQ(atk_object_get_role(gtk_widget_get_accessible(view.area())), ATK_ROLE_IMAGE);
-  EXPECT_EQ(accessible("accessible-name"), "Sheets");
-  EXPECT_EQ(accessible("accessible-description"),
-            "Front and back cover on Leather Grain \u201cGröße A\u201d, page 1 outside; sheets of "
-            "Thick Paper (épais) before pages 5 and 8. 10 sheets in all.");
+  EXPECT_TRUE(gestures::isAccessibleImage(view.area()));
+  EXPECT_EQ(gestures::faultOfAccessibleName(view.area(), "Sheets"), "");
+  EXPECT_EQ(
+      gestures::faultOfAccessibleDescription(
+          view.area(),
+          "Front and back cover on Leather Grain \u201cGröße A\u201d, page 1 outside; sheets of "
+          "Thick Paper (épais) before pages 5 and 8. 10 sheets in all."),
+      "");
 }
 
 TEST_F(SheetsViewTest, LargeTextsMakeLargeSheets) {
@@ -220,12 +207,15 @@ TEST_F(SheetsViewTest, LargeTextsMakeLargeSheets) {
 
 TEST_F(SheetsViewTest, HighContrastNeedsNoColour) {
   GtkSettings* settings = gtk_widget_get_settings(window.get());
+  gchar* name = nullptr;
+  g_object_get(settings, "gtk-theme-name", &name, nullptr);
+  const GlibText usual(name);
   g_object_set(settings, "gtk-theme-name", "HighContrast", nullptr);
   show(kReport, 10);
   EXPECT_FALSE(has(painted(), PicturePaper::Cover));
   EXPECT_FALSE(has(painted(), PicturePaper::Insert));
   EXPECT_TRUE(has(painted(), PicturePaper::Body));
-  g_object_set(settings, "gtk-theme-name", "Adwaita", nullptr);
+  g_object_set(settings, "gtk-theme-name", usual.get(), nullptr);
 }
 
 }  // namespace
