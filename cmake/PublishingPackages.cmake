@@ -66,11 +66,11 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each component has its own
 set(same "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "cups, cups-filters")
-set(program_suggests "publishing-print-dialog ${same}, publishing-doc")
-foreach(toolkit IN LISTS toolkits)
-  string(APPEND program_suggests ", publishing-${toolkit} ${same}")
-endforeach()
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "${program_suggests}")
+set(suggested ${toolkits})
+list(TRANSFORM suggested REPLACE "(.+)" "publishing-\\1 ${same}")
+list(JOIN suggested ", " CPACK_DEBIAN_DIALOG_PACKAGE_SUGGESTS)
+list(PREPEND suggested "publishing-print-dialog ${same}" publishing-doc)
+list(JOIN suggested ", " CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS)
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
 "covers and inserted sheets on Zephrel printers: command line
 Prints documents with a front cover, or a front and a back cover, on paper of

@@ -87,6 +87,14 @@ publishing_add_run(installed-dialog-run dialog/publishing-dialog_run.py
   "${CMAKE_BINARY_DIR}/installed/bin/publishing-dialog" "${PROJECT_SOURCE_DIR}")
 set_tests_properties(install PROPERTIES FIXTURES_SETUP installed)
 set_tests_properties(installed-dialog-run PROPERTIES FIXTURES_REQUIRED installed)
+if(PUBLISHING_GTK4 AND NOT PUBLISHING_SANITIZE)
+  # What gio-querymodules finds is what the build writes by hand.
+  set(module_list "${PUBLISHING_GTK4_PRINTBACKENDS_DIR}/giomodule.cache")
+  add_test(NAME installed-module-list
+    COMMAND ${CMAKE_COMMAND} -E compare_files
+      "${CMAKE_BINARY_DIR}/installed/${module_list}" "${CMAKE_BINARY_DIR}/${module_list}")
+  set_tests_properties(installed-module-list PROPERTIES FIXTURES_REQUIRED installed)
+endif()
 
 # The dialog program's own units.
 publishing_add_tests(dialog-program-tests DISPLAY
