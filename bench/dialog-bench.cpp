@@ -4,9 +4,10 @@
 // display and a server:
 //   dialog-bench QUEUE
 // Two moments count: the dialog is drawn with its printer selected, and everything that was started
-// is done. Rounds alternate, so that both sides meet the same machine. Ends with 1 when the median
-// of the first moment is more than a quarter longer with the panel, or when the sheets take more
-// than 4 ms of the thread's time to be drawn anew after a gesture.
+// is done, on both sides: the printer's details laid out and drawn, the print server's answers, the
+// panel. Rounds alternate, so that both sides meet the same machine. Ends with 1 when the median of
+// either moment is more than a quarter longer with the panel, or when the sheets take more than 4
+// ms of the thread's time to be drawn anew after a gesture.
 #include <algorithm>
 #include <chrono>
 #include <iostream>
@@ -28,7 +29,9 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 constexpr int kRounds = 40;
 constexpr int kWarmUps = 3;
 constexpr double kMostRatio = 1.25;
-constexpr double kMostRedraw = 4;  // milliseconds
+constexpr double kMostRedraw = 4;                // milliseconds
+constexpr std::chrono::milliseconds kQuiet(60);  // longer than any pause between two frames
+constexpr gulong kPause = 200;                   // microseconds
 
 struct Times {
   std::vector<double> selected;
@@ -50,6 +53,19 @@ bool hasPanel(GtkWidget* dialog) {
   return PrintDialogHost::of(GTK_PRINT_UNIX_DIALOG(dialog))->hasPanel();
 }
 
+// When the main loop did the last thing before it had nothing to do for some time.
+Clock::time_point waitUntilQuiet(GtkWidget* dialog, bool withPanel) {
+  auto last = Clock::now();
+  while (Clock::now() - last < kQuiet || (withPanel && !hasPanel(dialog))) {
+    if (g_main_context_iteration(nullptr, FALSE) != 0) {
+      last = Clock::now();
+    } else {
+      g_usleep(kPause);
+    }
+  }
+  return last;
+}
+
 void openOnce(const std::string& queue, bool withPanel, Times& times) {
   const auto start = Clock::now();
   const auto widget = shareGObject(gtk_print_unix_dialog_new(nullptr, nullptr));
@@ -65,11 +81,7 @@ void openOnce(const std::string& queue, bool withPanel, Times& times) {
   while (!drawn || !isSelected(dialog, queue))
     gtk_main_iteration();
   times.selected.push_back(Milliseconds(Clock::now() - start).count());
-  while (withPanel && !hasPanel(widget.get()))
-    gtk_main_iteration();
-  while (gtk_events_pending())
-    gtk_main_iteration();
-  times.done.push_back(Milliseconds(Clock::now() - start).count());
+  times.done.push_back(Milliseconds(waitUntilQuiet(widget.get(), withPanel) - start).count());
   gtk_widget_destroy(widget.get());
 }
 
@@ -89,6 +101,8 @@ int main(int argc, char** argv) {
     std::cerr << "usage: dialog-bench QUEUE\n";
     return 2;
   }
+  // They would have both sides wait for the same fading in.
+  g_object_set(gtk_settings_get_default(), "gtk-enable-animations", FALSE, nullptr);
   Times bare;
   Times panel;
   Times warmUp;
@@ -96,8 +110,8 @@ int main(int argc, char** argv) {
     openOnce(argv[1], false, round < kWarmUps ? warmUp : bare);
     openOnce(argv[1], true, round < kWarmUps ? warmUp : panel);
   }
-  const double ratio = report("drawn with its printer", bare.selected, panel.selected);
-  report("everything done", bare.done, panel.done);
+  const double ratio = std::max(report("drawn with its printer", bare.selected, panel.selected),
+                                report("everything done", bare.done, panel.done));
   const double redraw = sheetsRedrawTime(argv[1]);
   std::cout << "sheets redrawn after a gesture: " << redraw << " ms\n";
   if (ratio > kMostRatio) std::cout << "goal missed: the panel may cost a quarter more\n";
