@@ -79,9 +79,10 @@ std::string coversText(const JobSheets& job) {
                       job.media.coverText);
   }
   // TRANSLATORS: First the paper, then "page 1 outside" and the like.
-  return translated(
-      both ? N_("front and back cover on %1$s, %2$s") : N_("front cover on %1$s, %2$s"),
-      job.media.coverText, pages);
+  const char* frontCover = N_("front cover on %1$s, %2$s");
+  // TRANSLATORS: First the paper, then "page 1 outside" and the like.
+  const char* bothCovers = N_("front and back cover on %1$s, %2$s");
+  return translated(both ? bothCovers : frontCover, job.media.coverText, pages);
 }
 
 // --- inserts ---

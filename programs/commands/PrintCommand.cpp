@@ -112,9 +112,12 @@ void tellSheets(const PrintArguments& arguments, const PreparedJob& prepared,
       warn(warning);
     if (arguments.json) continue;
     const std::string sentence = sentenceOf(job);
-    // TRANSLATORS: The name of a document and what becomes of it.
-    say(documents.size() == 1 ? sentence
-                              : translated("%1$s: %2$s", document.defaultTitle(), sentence));
+    if (documents.size() == 1) {
+      say(sentence);
+    } else {
+      // TRANSLATORS: The name of a document and what becomes of it.
+      say(translated("%1$s: %2$s", document.defaultTitle(), sentence));
+    }
     if (arguments.dryRun && job.plan) say('\n' + tableOf(job) + '\n');
   }
 }

@@ -73,7 +73,7 @@ void SheetsView::show(JobSheets job) {
 }
 
 void SheetsView::describe() {
-  area_.setName(displayText(translated("Sheets")));
+  area_.setName(displayText(translated("Picture of the sheets")));
   area_.setDescription(displayText(layout_.sentence()));
 }
 

@@ -138,7 +138,7 @@ void QtSheetsView::showSheets(JobSheets job) {
 }
 
 void QtSheetsView::describe() {
-  area_->setAccessibleName(shownText(translated("Sheets")));
+  area_->setAccessibleName(shownText(translated("Picture of the sheets")));
   area_->setAccessibleDescription(shownText(layout_.sentence()));
 }
 

@@ -195,7 +195,8 @@ TEST_F(QtPrintDialogPresetsTest, ResetSwitchesOffAndForgetsAndCanBeUndone) {
 std::string sentenceIn(const User& user) {
   const auto views = user.dialog->findChildren<QLabel*>();
   for (const QLabel* label : views)
-    if (label->accessibleName() == "Sheets") return label->accessibleDescription().toStdString();
+    if (label->accessibleName() == "Picture of the sheets")
+      return label->accessibleDescription().toStdString();
   return "";
 }
 

@@ -117,7 +117,7 @@ TEST_F(QtSheetsViewTest, KeysGoFromSheetToSheetAndSayThem) {
   EXPECT_EQ(view.sheets().current(), 0U);
   tellFocus(QEvent::FocusOut);
   EXPECT_EQ(said, "");
-  EXPECT_EQ(accessible()->text(QAccessible::Name), "Sheets");
+  EXPECT_EQ(accessible()->text(QAccessible::Name), "Picture of the sheets");
 }
 
 TEST_F(QtSheetsViewTest, WithoutSheetsNoKeyDoesAnything) {
@@ -143,7 +143,7 @@ TEST_F(QtSheetsViewTest, RightToLeftTheFirstSheetIsAtTheRight) {
 TEST_F(QtSheetsViewTest, ScreenReadersGetAnImageThatIsASentence) {
   show(kReport, 10);
   EXPECT_EQ(accessible()->role(), QAccessible::Graphic);
-  EXPECT_EQ(accessible()->text(QAccessible::Name), "Sheets");
+  EXPECT_EQ(accessible()->text(QAccessible::Name), "Picture of the sheets");
   EXPECT_EQ(accessible()->text(QAccessible::Description).toStdString(),
             "Front and back cover on Leather Grain \u201cGröße A\u201d, page 1 outside; sheets of "
             "Thick Paper (épais) before pages 5 and 8. 10 sheets in all.");

@@ -182,7 +182,7 @@ TEST_F(SheetsViewTest, RightToLeftTheFirstSheetIsAtTheRight) {
 TEST_F(SheetsViewTest, ScreenReadersGetAnImageThatIsASentence) {
   show(kReport, 10);
   EXPECT_TRUE(gestures::isAccessibleImage(view.area()));
-  EXPECT_EQ(gestures::faultOfAccessibleName(view.area(), "Sheets"), "");
+  EXPECT_EQ(gestures::faultOfAccessibleName(view.area(), "Picture of the sheets"), "");
   EXPECT_EQ(
       gestures::faultOfAccessibleDescription(
           view.area(),
