@@ -89,7 +89,7 @@ Times measure(const std::string& path) {
   auto bundle = std::make_shared<GtkBundle>("");
   std::unique_ptr<HostedPanel> panel;
   times.opening = timeOf([&] {
-    panel = std::make_unique<HostedPanel>(std::move(printer), DialogJob(), bundle,
+    panel = std::make_unique<HostedPanel>(std::move(printer), DialogJob(), bundle, true,
                                           [](const std::string&) {});
     auto& view = dynamic_cast<GtkView&>(*panel->open(DialogJob()));
     gtk_container_add(GTK_CONTAINER(window), view.widget());

@@ -93,8 +93,12 @@ Remembered fittedTo(const Printer& printer, Values values, SettingsFrom from) {
 
 Remembered recall(const StoredSettings& store, const Printer& printer) {
   StoredSettings::Loaded loaded = store.load(printer.name());
+  const bool isOff = isSwitchedOff(loaded.values);
+  loaded.values.erase(StoredSettings::kRemember);
+  if (isOff) loaded.values.clear();
   Remembered fitted = fittedTo(printer, std::move(loaded.values));
   fitted.warnings = std::move(loaded.warnings);
+  fitted.isSwitchedOff = isOff;
   return fitted;
 }
 
@@ -115,6 +119,14 @@ Values toRemember(const Printer& printer, const JobTicket::Options& settings) {
   const auto list = values.find(kPageinsertNums);
   if (list != values.end()) list->second = asRanges(list->second);
   return values;
+}
+
+bool isSwitchedOff(const Values& values) {
+  return valueOf(values, StoredSettings::kRemember) == kStoredOff;
+}
+
+void switchOffRemembering(const StoredSettings& store, const std::string& printer) {
+  store.store(printer, {{StoredSettings::kRemember, kStoredOff}});
 }
 
 void remember(const StoredSettings& store, const Printer& printer,

@@ -19,6 +19,7 @@ struct Remembered {
   StoredSettings::Values values;      // for the job's ticket, before the panel is restored from it
   std::vector<std::string> warnings;  // for the user: what is wrong with the stored settings
   std::vector<std::string> losses;    // for the user: media that the printer no longer has
+  bool isSwitchedOff = false;         // the user wants nothing remembered for the printer
 };
 
 // Where settings come from that are made to fit a printer.
@@ -37,6 +38,13 @@ Remembered recall(const StoredSettings& store, const Printer& printer);
 // Settings that the panel saved, as they are to be remembered for the printer or put into a preset:
 // the panel's only, with the texts of media, and page lists as ranges.
 StoredSettings::Values toRemember(const Printer& printer, const JobTicket::Options& settings);
+
+// Whether values that were loaded say that nothing is to be remembered.
+[[nodiscard]] bool isSwitchedOff(const StoredSettings::Values& values);
+
+// Forgets what is stored for the printer, and remembers nothing more until remember() is called.
+// Throws as StoredSettings::store does.
+void switchOffRemembering(const StoredSettings& store, const std::string& printer);
 
 // Stores them for the printer. Of the `kept` features, what is stored already stays. Throws as
 // StoredSettings::store does.

@@ -33,7 +33,7 @@ constexpr std::size_t kLargestFile = 65536;  // bytes; a sound file has less tha
 constexpr int kMostBrokenFiles = 999;
 
 std::vector<std::string> storedKeys() {
-  std::vector<std::string> keys;
+  std::vector<std::string> keys = {StoredSettings::kRemember};
   for (const PublishingFeature& feature : kFeatures) {
     keys.insert(keys.end(), feature.keys.begin(), feature.keys.end());
     keys.emplace_back(feature.option);

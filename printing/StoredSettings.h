@@ -11,9 +11,10 @@
 namespace publishing {
 
 // Only the panel's own keys, the two media choices that it pushes ("CoverMediaType",
-// "PageMediaType") and their texts are stored. Files are written as a whole or not at all, so that
-// of two programs that store at once the last one wins and nobody ever reads a mixture. Files are
-// untrusted: they may be another program's, an older version's or damaged.
+// "PageMediaType"), their texts, and that nothing is to be remembered are stored. Files are written
+// as a whole or not at all, so that of two programs that store at once the last one wins and nobody
+// ever reads a mixture. Files are untrusted: they may be another program's, an older version's or
+// damaged.
 class StoredSettings {
  public:
   using Values = std::map<std::string, std::string>;
@@ -22,6 +23,10 @@ class StoredSettings {
     Values values;                      // sound entries only
     std::vector<std::string> warnings;  // for the user: file, reason, and what was done about it
   };
+
+  // The key that is stored, as kStoredOff, for a queue of which the user wants nothing remembered;
+  // then alone. Settings that are stored later replace it.
+  static constexpr const char* kRemember = "Remember";
 
   // Where the text of a feature's medium is stored, beside its keyword: "CoverMediaTypeText".
   static std::string mediumTextKey(const PublishingFeature& feature) {

@@ -3,19 +3,9 @@
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "shells/DialogHost.h"
+#include "shells/HostMessages.h"
 
 namespace publishing {
-namespace {
-
-std::string linesOf(const std::vector<std::string>& texts) {
-  std::string lines;
-  for (const std::string& text : texts)
-    lines += (lines.empty() ? "" : "\n") + text;
-  return lines;
-}
-
-}  // namespace
-
 void DialogHost::usePreset(const std::string& name, PresetQuestions& questions) {
   if (panel_ == nullptr || !panel_->isOpen()) return;
   std::optional<StoredPreset> found;

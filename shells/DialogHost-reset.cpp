@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reset in the panel's tab, and what the dialog says of the panel elsewhere.
+// Reset and remembering in the panel's tab, and what the dialog says of the panel elsewhere.
 #include "base/Translation.h"
 #include "printing/PrintError.h"
 #include "shells/DialogHost.h"
@@ -32,6 +32,15 @@ std::string DialogHost::undoReset() {
   forgotten_.erase(panel_->printerName());
   panelChanged();
   return {};
+}
+
+DialogHost::Remembering DialogHost::remembering() const {
+  if (panel_ == nullptr) return {};
+  return {panel_->remembers(), dialog_.rules().againstRemembering()};
+}
+
+void DialogHost::setRemembering(bool on) {
+  if (panel_ != nullptr && dialog_.rules().remember) panel_->setRemembers(on);
 }
 
 std::string DialogHost::whatIsOn() const {

@@ -10,6 +10,7 @@
 #include "base/Translation.h"
 #include "printing/SheetSentence.h"
 #include "printing/StoredSettings.h"
+#include "shells/HostMessages.h"
 
 namespace publishing {
 namespace {
@@ -27,21 +28,6 @@ JobTicket::Options panelOptions(const JobTicket::Options& settings) {
     take(feature.option);
   }
   return options;
-}
-
-std::string linesOf(const std::vector<std::string>& texts) {
-  std::string lines;
-  for (const std::string& text : texts)
-    lines += (lines.empty() ? "" : "\n") + text;
-  return lines;
-}
-
-bool hasRemembered(const std::string& queue) {
-  const StoredSettings::Values values = StoredSettings().load(queue).values;
-  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
-    const auto state = values.find(feature.stateKey);
-    return state != values.end() && state->second == kStoredOn;
-  });
 }
 
 }  // namespace
@@ -133,7 +119,8 @@ void DialogHost::showPrinter(std::unique_ptr<Printer> printer, const std::string
   const auto changed = [this, life = std::weak_ptr(life_)](const std::string& outlet) {
     if (!life.expired()) gestureMade(outlet);
   };
-  panel_ = std::make_shared<HostedPanel>(std::move(printer), job, dialog_.makeBundle(), changed);
+  panel_ = std::make_shared<HostedPanel>(std::move(printer), job, dialog_.makeBundle(),
+                                         dialog_.rules().remember, changed);
   dialog_.offerPanel(panel_->name());
   if (dialog_.isTabInFront() || panel_->affectsJob(job)) openPanel();
 }
@@ -200,6 +187,15 @@ void DialogHost::showSheets() {
 
 void DialogHost::showHelp() {
   if (panel_ != nullptr && !panel_->showHelp()) dialog_.sayHelpIsMissing();
+}
+
+bool DialogHost::hasRemembered(const std::string& queue) const {
+  if (!dialog_.rules().remember) return false;
+  const StoredSettings::Values values = StoredSettings().load(queue).values;
+  return std::any_of(std::begin(kFeatures), std::end(kFeatures), [&](const auto& feature) {
+    const auto state = values.find(feature.stateKey);
+    return state != values.end() && state->second == kStoredOn;
+  });
 }
 
 // Without the panel the job would go out without the covers and inserts that are remembered.

@@ -46,6 +46,18 @@ class DialogHost {
   std::string undoReset();
   [[nodiscard]] bool canUndoReset() const;
 
+  // Whether the choices for the selected printer are remembered when the job is printed, for a
+  // check box in the panel's tab; and why the user cannot change that, empty when that is possible.
+  struct Remembering {
+    bool isOn = false;
+    std::string against;
+  };
+  [[nodiscard]] Remembering remembering() const;
+
+  // To be called when the user changes it. Takes effect with the job: printed with remembering off,
+  // it has the printer forgotten.
+  void setRemembering(bool on);
+
   // To be called when the user chooses, saves or deletes a preset in the panel's tab. What the
   // printer does not have of a preset is shown as a notice. Nothing happens without the panel.
   void usePreset(const std::string& name, PresetQuestions& questions);
@@ -64,6 +76,7 @@ class DialogHost {
   void giveMedia(bool byUser);
   void gestureMade(const std::string& outlet);
   void panelChanged();
+  [[nodiscard]] bool hasRemembered(const std::string& queue) const;
   // Says and draws what would come out.
   void showSheets();
   // For a user who is on another tab; empty when nothing is on.

@@ -3,6 +3,13 @@
 
 namespace publishing {
 
+std::string linesOf(const std::vector<std::string>& texts) {
+  std::string lines;
+  for (const std::string& text : texts)
+    lines += (lines.empty() ? "" : "\n") + text;
+  return lines;
+}
+
 HostMessage conflictMessage(const std::vector<Conflict>& conflicts) {
   std::string lines;
   for (const Conflict& conflict : conflicts)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Everything off and nothing remembered, and back again.
+#include "printing/Remembering.h"
 #include "shells/HostedPanel.h"
 
 namespace publishing {
@@ -7,7 +8,7 @@ namespace publishing {
 HostedPanel::Forgotten HostedPanel::reset() {
   const StoredSettings settings;
   Forgotten before = {wish_, settings.load(printer_->name()).values};
-  (void)settings.clear(printer_->name());
+  if (!isSwitchedOff(before.stored)) (void)settings.clear(printer_->name());
   want(PanelWish());
   return before;
 }

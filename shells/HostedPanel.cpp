@@ -38,12 +38,15 @@ void dropIndexes(JobTicket& ticket) {
 }  // namespace
 
 HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
-                         std::shared_ptr<HostBundle> bundle, HostBundle::UserChanged changed)
+                         std::shared_ptr<HostBundle> bundle, bool mayRemember,
+                         HostBundle::UserChanged changed)
     : printer_(std::move(printer)),
       ticket_(printer_->newTicket()),
       bundle_(std::move(bundle)),
       panel_(panelOf(plugin_, bundle_, std::make_shared<TicketCallback>(*printer_, ticket_))),
-      controls_(*panel_) {
+      controls_(*panel_),
+      mayRemember_(mayRemember),
+      remembers_(mayRemember) {
   bundle_->setUserChanged(std::move(changed));
   for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = job.options.find(feature.option);
@@ -66,7 +69,8 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
 }
 
 void HostedPanel::loadStored() {
-  const Remembered remembered = recall(StoredSettings(), *printer_);
+  const Remembered remembered = mayRemember_ ? recall(StoredSettings(), *printer_) : Remembered();
+  if (remembered.isSwitchedOff) remembers_ = false;
   losses_ = remembered.losses;
   notices_ = printer_->warnings();
   notices_.insert(notices_.end(), remembered.warnings.begin(), remembered.warnings.end());
@@ -290,13 +294,18 @@ void HostedPanel::leaveOutMediaOff(JobTicket::Options& settings) const {
 }
 
 void HostedPanel::remember(const JobTicket::Options& settings) const {
+  if (!mayRemember_) return;
   std::vector<PublishingFeature> kept;
   for (const PublishingFeature& feature : kFeatures) {
     const bool isLeftOut = keepsInserts_ && std::string_view(feature.option) == kPageInsert.option;
     if (isLeftOut || (wish_.isOn(feature) && isForbidden(feature))) kept.push_back(feature);
   }
   try {
-    publishing::remember(StoredSettings(), *printer_, settings, kept);
+    if (remembers_) {
+      publishing::remember(StoredSettings(), *printer_, settings, kept);
+    } else {
+      switchOffRemembering(StoredSettings(), printer_->name());
+    }
   } catch (const PrintError& error) {
     g_message("%s", error.what());
   }

@@ -32,10 +32,12 @@ namespace publishing {
 // printer gets another one.
 class HostedPanel {
  public:
-  // `job` is what the dialog says of a job that the user has not touched yet; `changed` is called
-  // after each gesture of the user in the panel.
+  // `job` is what the dialog says of a job that the user has not touched yet; `mayRemember` whether
+  // anything may be remembered from one job to the next; `changed` is called after each gesture of
+  // the user in the panel.
   HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
-              std::shared_ptr<HostBundle> bundle, HostBundle::UserChanged changed);
+              std::shared_ptr<HostBundle> bundle, bool mayRemember,
+              HostBundle::UserChanged changed);
   HostedPanel(const HostedPanel&) = delete;
   HostedPanel& operator=(const HostedPanel&) = delete;
 
@@ -107,8 +109,13 @@ class HostedPanel {
     return conflictsOf(ticket_, *printer_->ppd());
   }
 
+  // Whether remember() remembers; at first what the user said of the queue last.
+  [[nodiscard]] bool remembers() const { return remembers_; }
+  void setRemembers(bool on) { remembers_ = on && mayRemember_; }
+
   // Remembers saved settings for the queue's next job, but not that the layout switched a feature
-  // off; trouble goes to the log only.
+  // off. Where nothing is to be remembered, what is stored is forgotten; where nothing may be, it
+  // is left alone. Trouble goes to the log only.
   void remember(const JobTicket::Options& settings) const;
 
   // What would come out if the user pressed Print now. `documentPages` as far as it is known.
@@ -182,6 +189,8 @@ class HostedPanel {
   std::map<std::string, Media> media_;              // by PPD option
   std::vector<std::string> notices_;
   std::vector<std::string> losses_;
+  bool mayRemember_;
+  bool remembers_;
   bool keepsInserts_ = false;  // what is remembered of them stays, see leaveOutInserts
   PanelWish wish_;
   JobLayout defaultLayout_;  // of a job of whose layout the dialog says nothing

@@ -14,6 +14,7 @@
 #include "shells/DialogJob.h"
 #include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
+#include "shells/HostRules.h"
 
 namespace publishing {
 
@@ -93,6 +94,9 @@ class ToolkitDialog {
 
   [[nodiscard]] virtual bool isTabInFront() const = 0;
   virtual void bringTabToFront() = 0;
+
+  // What the administrator and the user have decided.
+  [[nodiscard]] virtual const HostRules& rules() const = 0;
 
   // --- the user ---
 

@@ -24,7 +24,7 @@ _publishing_options() {
       --json --help ;;
     media) echo -d --printer --ppd --mark --json --help ;;
     pages) echo --two-sided --cover-value --json --help ;;
-    settings) echo show clear -d --printer --json --help ;;
+    settings) echo show clear remember on off -d --printer --json --help ;;
     preset) echo list show save delete export import -d --printer --ppd --sides --preset --cover --cover-media \
       --cover-sides --insert --insert-media --insert-sides --name --force --json --help ;;
     printer) echo enable disable status -d --printer --all --ppd --output --json --help ;;

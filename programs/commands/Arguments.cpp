@@ -12,9 +12,10 @@ namespace {
 
 constexpr const char* kNone = "none";
 
-// "-n,--copies" is called --copies.
+// "-n,--copies" is called --copies, and an argument that is no option as it stands.
 std::string longName(const std::string& names) {
-  return names.substr(names.find("--"));
+  const std::size_t dashes = names.find("--");
+  return dashes != std::string::npos ? names.substr(dashes) : names;
 }
 
 std::string joined(const std::vector<std::string>& words) {

@@ -10,6 +10,7 @@
 #include "printing/Remembering.h"
 #include "printing/presets/Presets.h"
 #include "programs/terminal/Terminal.h"
+#include "shells/HostRules.h"
 #include "shells/PanelDump.h"
 
 namespace publishing {
@@ -55,6 +56,7 @@ PreparedJob::PreparedJob(PrintArguments& arguments) : printer_(arguments.printer
   if (!printer_.obstacles().rejects.empty() && !arguments.dryRun) {
     throw PrintError::refused(printer_.obstacles().rejects);
   }
+  if (arguments.remember) checkRule();
   JobWishes& wishes = arguments.wishes;
   ticket_ = printer_.newTicket();
   restore(arguments);
@@ -67,6 +69,12 @@ PreparedJob::PreparedJob(PrintArguments& arguments) : printer_(arguments.printer
   checkConflicts(arguments.ignoreConflicts);
 }
 
+void PreparedJob::checkRule() {
+  const std::string against = HostRules::load().againstRemembering();
+  if (against.empty()) return;
+  throw PrintError::refused(against + ' ' + translated("Leave out --remember."));
+}
+
 // A medium that is gone is no reason to print on another one.
 void PreparedJob::restore(const PrintArguments& arguments) {
   if (arguments.preset) {
@@ -77,7 +85,7 @@ void PreparedJob::restore(const PrintArguments& arguments) {
     restorePreset(arguments.wishes.panel);
     return;
   }
-  if (!printer_.isQueue() || arguments.fresh) return;
+  if (!printer_.isQueue() || arguments.fresh || !HostRules::load().remember) return;
   const Remembered remembered = recall(StoredSettings(), printer_);
   for (const std::string& warning : remembered.warnings)
     warn(warning);

@@ -44,6 +44,7 @@ class PreparedJob {
   void remember() const;
 
  private:
+  static void checkRule();
   void restore(const PrintArguments& arguments);
   void restorePreset(const PanelRequest& wish);
   void checkLosses(const Remembered& remembered, const PanelRequest& wish) const;

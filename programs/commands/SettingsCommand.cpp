@@ -9,17 +9,23 @@
 
 #include "base/Translation.h"
 #include "printing/PrintServer.h"
+#include "printing/Remembering.h"
 #include "printing/StoredSettings.h"
 #include "programs/commands/Arguments.h"
 #include "programs/terminal/Terminal.h"
+#include "shells/HostRules.h"
 
 namespace publishing {
 namespace {
 
 using nlohmann::json;
 
+constexpr const char* kOnWord = "on";
+constexpr const char* kOffWord = "off";
+
 struct SettingsOptions {
   std::optional<std::string> queue;
+  std::optional<std::string> state;  // kOnWord or kOffWord
   bool json = false;
 };
 
@@ -29,11 +35,17 @@ std::string queueOf(const SettingsOptions& options) {
   return QueueName::parse(*options.queue).queue;
 }
 
+void tellRule() {
+  const std::string against = HostRules::load().againstRemembering();
+  if (!against.empty()) warn(against);
+}
+
 ExitStatus runShow(const SettingsOptions& options) {
   const std::string queue = queueOf(options);
   const StoredSettings::Loaded loaded = StoredSettings().load(queue);
   for (const std::string& warning : loaded.warnings)
     warn(warning);
+  tellRule();
   if (options.json) {
     sayJson(json({{"queue", queue}, {"settings", loaded.values}}));
     return kDone;
@@ -59,6 +71,27 @@ ExitStatus runClear(const SettingsOptions& options) {
   return kDone;
 }
 
+// What is stored stays when it is switched on: then nobody has switched it off, or nothing is.
+ExitStatus runRemember(const SettingsOptions& options) {
+  const std::string queue = queueOf(options);
+  const StoredSettings store;
+  const bool on = options.state == kOnWord;
+  if (!on) {
+    switchOffRemembering(store, queue);
+  } else if (isSwitchedOff(store.load(queue).values)) {
+    static_cast<void>(store.clear(queue));
+  }
+  tellRule();
+  if (options.json) {
+    sayJson(json({{"queue", queue}, {"remember", on}}));
+  } else {
+    say(translated(on ? N_("Choices for %s are remembered from now on.")
+                      : N_("Choices for %s are forgotten, and not remembered any more."),
+                   queue));
+  }
+  return kDone;
+}
+
 }  // namespace
 
 void addSettingsCommand(CLI::App& app, ExitStatus& status) {
@@ -73,9 +106,15 @@ void addSettingsCommand(CLI::App& app, ExitStatus& status) {
         ->type_name("QUEUE");
     command->add_flag("--json", options->json, translated("Write the result as JSON"));
     command->callback([options, run, &status] { status = run(*options); });
+    return command;
   };
   add("show", translated("Show the stored settings"), runShow);
   add("clear", translated("Forget the stored settings"), runClear);
+  CLI::App* remember =
+      add("remember", translated("Say whether the print dialog remembers choices"), runRemember);
+  addWord(*remember, "STATE", options->state, {kOnWord, kOffWord},
+          translated("on, or off: forget the stored settings and remember nothing more"))
+      ->required();
 }
 
 }  // namespace publishing

@@ -44,6 +44,16 @@ TEST(HostRules, PanelCanBeSwitchedOffInTheFileOrTheEnvironment) {
   g_unsetenv("PUBLISHING_EXTENSION");
 }
 
+TEST(HostRules, RememberingCanBeSwitchedOffAndTheFileIsNamed) {
+  EXPECT_TRUE(HostRules::load().remember);
+  EXPECT_EQ(rulesOf("[Dialog]\nRemember=true\n").againstRemembering(), "");
+  const HostRules off = rulesOf("[Dialog]\nRemember=false\n");
+  EXPECT_FALSE(off.remember);
+  EXPECT_EQ(off.againstRemembering(),
+            "Nothing is remembered: " + off.file + " has Remember=false.");
+  EXPECT_TRUE(rulesOf("[Dialog]\nRemember=perhaps\n").remember);
+}
+
 TEST(HostRules, ValuesThatMakeNoSenseAreLeftOut) {
   EXPECT_TRUE(rulesOf("[Dialog]\nShowHiddenPanels=perhaps\n").showHiddenPanels);
   EXPECT_TRUE(rulesOf("[Dialog]\nExtension=perhaps\n").extension);

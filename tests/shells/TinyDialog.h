@@ -62,6 +62,8 @@ class TinyDialog final : public ToolkitDialog {
   [[nodiscard]] std::string choice(const std::string& option) const;
   [[nodiscard]] bool isTabInFront() const override { return isTabInFront_; }
 
+  // What the administrator has decided.
+  HostRules decided;
   // How many pages the document has, if the program tells.
   std::optional<int> pages;
   // Whether the job went to the printer when the host pressed Print.
@@ -95,6 +97,7 @@ class TinyDialog final : public ToolkitDialog {
   void showOutsideTab(const std::string& line) override { outsideTab_ = line; }
   void bringTabToFront() override { isTabInFront_ = true; }
   void pressPrint() override { isPrinted = print(); }
+  [[nodiscard]] const HostRules& rules() const override { return decided; }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   bool printsWithout(const std::string& losses) override;
   void sayHelpIsMissing() override { alerts.emplace_back("help"); }

@@ -82,11 +82,12 @@ PrintDialogHost::PrintDialogHost(GtkPrintUnixDialog* dialog, HostRules rules)
       page_(
           translated(kPublishingPanelNameKey), [this] { host_.showHelp(); },
           [this] {
-            return std::vector{reset_.makeButton(), presets_.makeButton()};
+            return std::vector{remember_.makeBox(), reset_.makeButton(), presets_.makeButton()};
           }),
       host_(*this),
       presets_(host_),
-      reset_(host_) {
+      reset_(host_),
+      remember_(host_) {
   gtk_print_unix_dialog_add_custom_tab(dialog_, page_.content(), page_.label());
 }
 
@@ -231,6 +232,7 @@ const DialogPlaces& PrintDialogHost::places() const {
 void PrintDialogHost::setSummary(const std::string& text) {
   page_.setSummary(text);
   reset_.update();
+  remember_.update();
 }
 
 void PrintDialogHost::showOutsideTab(const std::string& line) {

@@ -16,6 +16,7 @@
 #include "shells/gtk/dialog/PresetMenu.h"
 #include "shells/gtk/dialog/PrinterFetch.h"
 #include "shells/gtk/dialog/PrinterList.h"
+#include "shells/gtk/dialog/RememberBox.h"
 #include "shells/gtk/dialog/ResetButton.h"
 
 namespace publishing {
@@ -69,6 +70,7 @@ class PrintDialogHost final : private ToolkitDialog {
   [[nodiscard]] bool isTabInFront() const override { return page_.isInFront(); }
   void bringTabToFront() override;
   void pressPrint() override;
+  [[nodiscard]] const HostRules& rules() const override { return rules_; }
   bool insistsOnConflicts(const std::vector<Conflict>& conflicts) override;
   bool printsWithout(const std::string& losses) override;
   void sayHelpIsMissing() override;
@@ -85,6 +87,7 @@ class PrintDialogHost final : private ToolkitDialog {
   DialogHost host_;
   PresetMenu presets_;
   ResetButton reset_;
+  RememberBox remember_;
   ButtonRowLine line_;
   SignalHandlers handlers_;
 };

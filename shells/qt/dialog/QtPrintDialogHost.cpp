@@ -86,10 +86,12 @@ QtPrintDialogHost::QtPrintDialogHost(QPrintDialog* dialog, const Parts& parts, H
       options_(dialog),
       host_(*this),
       presets_(host_),
-      reset_(host_) {
+      reset_(host_),
+      remember_(host_) {
   page->setHandlers({[this] { host_.showHelp(); }, [this] { host_.refresh(); },
                      [this](QWidget* parent) {
-                       return std::vector{reset_.makeButton(parent), presets_.makeButton(parent)};
+                       return std::vector{remember_.makeBox(parent), reset_.makeButton(parent),
+                                          presets_.makeButton(parent)};
                      }});
   dialog->setOptionTabs({page});
 }
@@ -175,6 +177,7 @@ std::optional<int> QtPrintDialogHost::documentPages() const {
 void QtPrintDialogHost::setSummary(const std::string& text) {
   page_->setSummary(text);
   reset_.update();
+  remember_.update();
 }
 
 bool QtPrintDialogHost::showChoice(const std::string& option, const std::string& choice, bool) {

@@ -16,6 +16,7 @@
 #include "shells/qt/dialog/QtDialogPage.h"
 #include "shells/qt/dialog/QtPresetMenu.h"
 #include "shells/qt/dialog/QtPrinterFetch.h"
+#include "shells/qt/dialog/QtRememberBox.h"
 #include "shells/qt/dialog/QtResetButton.h"
 
 namespace publishing {
@@ -72,6 +73,7 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   void offerPanel(const std::string& name) override { page_->offerPanel(name); }
   void showPanel(View& view) override;
   void showNotices(const std::string& text) override { page_->showNotices(text); }
+  [[nodiscard]] const HostRules& rules() const override { return rules_; }
   void setSummary(const std::string& text) override;
   void showSheets(const JobSheets& sheets) override { page_->showSheets(sheets); }
   void showOutsideTab(const std::string& line) override { page_->mark(!line.empty()); }
@@ -93,6 +95,7 @@ class QtPrintDialogHost final : public QObject, private ToolkitDialog {
   DialogHost host_;
   QtPresetMenu presets_;
   QtResetButton reset_;
+  QtRememberBox remember_;
 };
 
 }  // namespace publishing

@@ -59,6 +59,46 @@ TEST_F(PublishingOnServer, RemembersTheChoicesOfEachQueue) {
   EXPECT_THAT(stored(), IsEmpty());
 }
 
+TEST_F(PublishingOnServer, RemembersNothingForAQueueThatItIsSwitchedOffFor) {
+  ASSERT_EQ(print({"--cover", "front", "--remember"}).status, 0);
+  const Outcome off = run({"settings", "remember", "-d", kQueue, "off", "--json"});
+  ASSERT_EQ(off.status, 0) << off.errors;
+  EXPECT_EQ(json::parse(off.output), json({{"queue", kQueue}, {"remember", false}}));
+  EXPECT_EQ(stored(), json({{"Remember", "Off"}}));
+  const Outcome bare = print({"--dry-run", "--json"});
+  EXPECT_EQ(json::parse(bare.output)["options"]["VtCoverModeState"], "Off");
+  EXPECT_EQ(json::parse(bare.output)["options"].count("Remember"), 0U);
+  // Asked for, it is on again.
+  ASSERT_EQ(print({"--cover", "front", "--remember"}).status, 0);
+  EXPECT_EQ(stored()["VtCoverModeState"], "On");
+  EXPECT_EQ(stored().count("Remember"), 0U);
+  ASSERT_EQ(run({"settings", "remember", "-d", kQueue, "on"}).status, 0);
+  EXPECT_EQ(stored()["VtCoverModeState"], "On");
+  ASSERT_EQ(run({"settings", "remember", "-d", kQueue, "off"}).status, 0);
+  ASSERT_EQ(run({"settings", "remember", "-d", kQueue, "on"}).status, 0);
+  EXPECT_THAT(stored(), IsEmpty());
+  EXPECT_EQ(run({"settings", "remember", "-d", kQueue}).status, 2);
+  EXPECT_EQ(run({"settings", "remember", "-d", kQueue, "perhaps"}).status, 2);
+}
+
+TEST_F(PublishingOnServer, RemembersNothingWhereARuleForbidsIt) {
+  ASSERT_EQ(print({"--cover", "front", "--remember"}).status, 0);
+  const json before = stored();
+  const std::string rules = config_.path() + "/publishing/dialog";
+  std::filesystem::create_directories(rules);
+  std::ofstream(rules + "/rules.ini") << "[Dialog]\nRemember=false\n";
+  const Outcome bare = print({"--dry-run", "--json"});
+  EXPECT_EQ(json::parse(bare.output)["options"]["VtCoverModeState"], "Off");
+  const std::ptrdiff_t jobsBefore = jobs();
+  const Outcome refused = print({"--insert", "4", "--remember"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors, HasSubstr(rules + "/rules.ini has Remember=false"));
+  EXPECT_EQ(jobs(), jobsBefore);
+  EXPECT_EQ(stored(), before);
+  EXPECT_THAT(run({"settings", "show", "-d", kQueue}).errors, HasSubstr("Remember=false"));
+  std::filesystem::remove_all(rules);
+}
+
 TEST_F(PublishingOnServer, SendsAndStoresNothingForARefusedPageList) {
   ASSERT_EQ(print({"--insert", "4,7", "--remember"}).status, 0);
   const json before = stored();

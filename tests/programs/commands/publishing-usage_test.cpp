@@ -54,7 +54,7 @@ TEST_F(PublishingUsage, NamesTheFaultAndWhereHelpIs) {
       {{}, "Name a command: print, sheets, media, pages", "Help: publishing --help"},
       {{"prnt"}, "There is no command \"prnt\". Did you mean print?", "Help: publishing --help"},
       {{"frobnicate"}, "There is no command \"frobnicate\".\n", "Help: publishing --help"},
-      {{"settings"}, "Name a command: show, clear.", "Help: publishing settings --help"},
+      {{"settings"}, "Name a command: show, clear, remember.", "Help: publishing settings --help"},
       {{"settings", "shwo"}, "Did you mean show?", "Help: publishing settings --help"},
       {{"print"}, "FILE is missing.", "Help: publishing print --help"},
       {{"print", "--covr", "front", kDocument},

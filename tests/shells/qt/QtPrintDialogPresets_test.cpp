@@ -177,6 +177,21 @@ TEST_F(QtPrintDialogPresetsTest, AMissingPaperIsSaidInTheTab) {
   EXPECT_TRUE(shows(user, "Gold Leaf is not offered for covers"));
 }
 
+TEST_F(QtPrintDialogPresetsTest, WithoutItsTickNothingIsRememberedForThePrinter) {
+  {
+    User user;
+    makeCovers(user);
+    ASSERT_TRUE(user.button("Remember"));
+    EXPECT_TRUE(user.button("Remember")->isChecked());
+    user.button("Remember")->click();
+    EXPECT_TRUE(user.print());
+  }
+  User user;
+  user.choosePrinter("Office");
+  EXPECT_FALSE(user.button(outlet::CmCheckBox)->isChecked());
+  EXPECT_FALSE(user.button("Remember")->isChecked());
+}
+
 TEST_F(QtPrintDialogPresetsTest, ResetSwitchesOffAndForgetsAndCanBeUndone) {
   User user;
   makeCovers(user);

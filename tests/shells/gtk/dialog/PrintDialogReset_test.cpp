@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reset, and what a real print dialog shows of the panel on its other tabs.
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <utility>
 
@@ -61,6 +62,38 @@ TEST_F(PrintDialogResetTest, RememberedCoversAreSeenOnGeneralWithoutAShift) {
   user.choosePrinterOnly("Studio");
   EXPECT_EQ(tabLabel(user), "Publishing");
   EXPECT_FALSE(user.showsAnywhere("Covers are on"));
+}
+
+TEST_F(PrintDialogResetTest, WithoutItsTickNothingIsRememberedForThePrinter) {
+  {
+    PrintDialogUser user;
+    user.choosePrinter("Office");
+    user.openTab("Publishing");
+    EXPECT_TRUE(user.isTicked("Remember"));
+    user.click("Remember");
+    user.choosePrinter("Studio");
+    EXPECT_TRUE(user.isTicked("Remember"));
+    user.choosePrinter("Office");
+    EXPECT_TRUE(user.isTicked("Remember")) << "it was not printed";
+    user.click("Remember");
+    ASSERT_TRUE(user.print());
+  }
+  PrintDialogUser user;
+  user.choosePrinter("Office");
+  EXPECT_FALSE(user.isTicked("CmCheckBox"));
+  EXPECT_FALSE(user.isTicked("Remember"));
+}
+
+TEST_F(PrintDialogResetTest, ARuleGreysTheTickAndSaysWhere) {
+  const std::string folder = std::string(g_get_user_config_dir()) + "/publishing/dialog";
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder + "/rules.ini") << "[Dialog]\nRemember=false\n";
+  PrintDialogUser user;
+  user.choosePrinter("Office");
+  EXPECT_FALSE(user.isTicked("CmCheckBox"));
+  EXPECT_FALSE(user.isTicked("Remember"));
+  EXPECT_FALSE(user.isSensitive("Remember"));
+  EXPECT_NE(user.tooltip("Remember").find("rules.ini"), std::string::npos);
 }
 
 TEST_F(PrintDialogResetTest, ResetAndUndo) {
