@@ -145,9 +145,10 @@ bool DialogHost::openPanel() {
 
 void DialogHost::refresh() {
   if (panel_ == nullptr) return;
-  const DialogJob job = dialog_.job();
-  const bool isNeeded = dialog_.isTabInFront() || panel_->affectsJob(job);
+  const bool isNeeded = dialog_.isTabInFront() || panel_->affectsJob(dialog_.job());
   if (!panel_->isOpen() && (!isNeeded || !openPanel())) return;
+  // Opening the panel shows its media in the dialog, which are not the user's choices.
+  const DialogJob job = dialog_.job();
   isSeen_ = isSeen_ || dialog_.isTabInFront();
   panel_->follow(job);
   panel_->takeMedia(job);

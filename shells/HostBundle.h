@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,10 @@ class HostBundle : public Bundle {
   // What the control of the interface loaded last says when it is pointed at; empty for nothing.
   // `outlet` is the name of one of its controls.
   virtual void setTooltip(std::string_view outlet, const std::string& text) = 0;
+
+  // Has the pop-up of the interface loaded last show a line above this item, in place of an earlier
+  // one. The line is no item: the panel's items keep their indexes. Emptying the pop-up removes it.
+  virtual void separateItem(std::string_view outlet, std::int64_t index) = 0;
 
   // A paragraph of the host's that alerts have below the panel's own message from now on; empty for
   // none.

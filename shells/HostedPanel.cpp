@@ -120,8 +120,17 @@ View* HostedPanel::open(const DialogJob& job) {
   takeJob(untouched);
   View* view = panel_->panelView();
   if (view == nullptr) return nullptr;
+  separateTrays();
   showWish();
   return view;
+}
+
+// The last media of both options stand for the trays.
+void HostedPanel::separateTrays() const {
+  const auto trays = std::ssize(printer_->ppd()->choices(kTray));
+  if (trays == 0) return;
+  for (const PublishingFeature& feature : kFeatures)
+    bundle_->separateItem(feature.popUp, controls_.popUp(feature.popUp).numberOfItems() - trays);
 }
 
 void HostedPanel::takeJob(const DialogJob& job) {
@@ -155,6 +164,7 @@ void HostedPanel::showWish() {
 
 void HostedPanel::noteGesture(const std::string& outlet) {
   const bool hadCovers = wish_.isOn(kCoverMode);
+  const bool hadInserts = wish_.isOn(kPageInsert);
   const auto sides = wish_.coverSides();
   if (wish_.note(*panel_, controls_)) showWish();
   keepsInserts_ = keepsInserts_ && !wish_.isOn(kPageInsert);
@@ -162,6 +172,22 @@ void HostedPanel::noteGesture(const std::string& outlet) {
   // The panel clears the sides for each click on a kind of covers, the one that is chosen included.
   const bool lostSides = outlet == outlet::CmFrontandBackMatrix && sides.value_or(0) != 0;
   if (isFirstTime || lostSides) startCovers();
+  if (!hadCovers) startWithMedium(kCoverMode);
+  if (!hadInserts) startWithMedium(kPageInsert);
+}
+
+// A feature that is switched on wants a paper: not the driver's choice of none.
+void HostedPanel::startWithMedium(const PublishingFeature& feature) {
+  if (!isShownOn(feature) || mediumOf(feature) != kNone) return;
+  const PopUpButton& menu = controls_.popUp(feature.popUp);
+  const auto& keywords = media_.at(feature.option).keywords;
+  for (std::size_t index = 0; index < keywords.size(); ++index) {
+    if (keywords[index] == kNone || !menu.isItemEnabledAtIndex(static_cast<std::int64_t>(index))) {
+      continue;
+    }
+    wish_.setMedium(feature, index);
+    return showWish();
+  }
 }
 
 void HostedPanel::startCovers() {
@@ -331,6 +357,7 @@ std::string HostedPanel::noteOnDriver() const {
 
 void HostedPanel::showReasons(const DialogPlaces& places) {
   offerAgain(*panel_, controls_);
+  withholdNone(*panel_, *printer_, controls_);
   const std::string against = reasonAgainstFeatures(job_, ticket_, *printer_, places);
   publishing::showReasons(*bundle_, controls_, *panel_, *printer_, against, places);
 }

@@ -177,6 +177,8 @@ class HostedPanel {
   void setMedium(const PublishingFeature& feature, const std::string& medium);
   void pick(const PublishingFeature& feature, const std::string& medium);
   void startCovers();
+  void startWithMedium(const PublishingFeature& feature);
+  void separateTrays() const;
 
   std::unique_ptr<Printer> printer_;
   JobTicket ticket_;

@@ -2,12 +2,15 @@
 #include "shells/MediaReason.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Publishing/PublishingFeatures.h"
 #include "base/Translation.h"
 
 namespace publishing {
 namespace {
+
+constexpr const char* kNone = "None";
 
 // The choice as a user reads it, "Media Type: Transparency"; keywords where the PPD has no texts.
 std::string describe(const Printer& printer, const PPDInfo::MarkedChoice& marked) {
@@ -37,6 +40,24 @@ void offerAgain(const PublishingPDE& panel, const PanelControls& controls) {
           [&](const auto& marked) { return isIdle(marked, panel.state(), feature.option); });
       if (!forbidding.empty() && areIdle) popUp.setItemEnabledAtIndex(index, true);
     }
+  }
+}
+
+std::optional<std::int64_t> placeOfNone(const Printer& printer, const char* mediaOption) {
+  if (!printer.ppd()->choice(mediaOption, kNone)) return std::nullopt;
+  const auto choices = printer.ppd()->choices(mediaOption);
+  const auto none = std::find_if(choices.begin(), choices.end(),
+                                 [](const PPDChoice& choice) { return choice.choice == kNone; });
+  return none - choices.begin();
+}
+
+void withholdNone(const PublishingPDE& panel, const Printer& printer,
+                  const PanelControls& controls) {
+  const bool areOn[] = {panel.state().covermodeEnableState == 1,
+                        panel.state().pageinsertEnableState == 1};
+  for (std::size_t i = 0; i < std::size(kFeatures); ++i) {
+    const auto none = placeOfNone(printer, kFeatures[i].option);
+    if (none) controls.popUp(kFeatures[i].popUp).setItemEnabledAtIndex(*none, !areOn[i]);
   }
 }
 

@@ -18,13 +18,19 @@ constexpr const char* kNeedsSinglePagesOfDefaults =
     N_("Needs one page per side; the default options ask for several or for a booklet (see: "
        "lpoptions -p %s).");
 
+// What to do in place of choosing the driver's choice of no medium.
+constexpr const char* kUntickCovers = N_("untick “Add covers to the document” for that");
+constexpr const char* kUntickSheets = N_("untick “Add sheets between the pages” for that");
+
 // One line for each greyed item: "Tray 2: conflicts with Media Type: Transparency".
 std::string reasonsOfItems(const PopUpButton& popUp, const PublishingPDE& panel,
-                           const Printer& printer, const char* option) {
+                           const Printer& printer, const char* option, const char* withoutMedium) {
+  const auto none = placeOfNone(printer, option);
   std::string lines;
   for (std::int64_t index = 0; index < popUp.numberOfItems(); ++index) {
     if (popUp.isItemEnabledAtIndex(index)) continue;
-    const std::string reason = reasonAgainstMedia(panel, printer, option, index);
+    const std::string reason = index == none ? translated(withoutMedium)
+                                             : reasonAgainstMedia(panel, printer, option, index);
     if (reason.empty()) continue;
     lines += (lines.empty() ? "" : "\n") + popUp.itemTitleAtIndex(index) + ": " + reason;
   }
@@ -58,11 +64,13 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
   const auto explainBox = [&](const char* name, const std::string& ifDisabled) {
     explain(name, controls.checkBox(name), ifDisabled);
   };
-  const auto explainMedia = [&](const PublishingFeature& feature, const std::string& ifDisabled) {
+  const auto explainMedia = [&](const PublishingFeature& feature, const std::string& ifDisabled,
+                                const char* withoutMedium) {
     const PopUpButton& popUp = controls.popUp(feature.popUp);
-    bundle.setTooltip(feature.popUp, popUp.isEnabled()
-                                         ? reasonsOfItems(popUp, panel, printer, feature.option)
-                                         : ifDisabled);
+    bundle.setTooltip(feature.popUp,
+                      popUp.isEnabled()
+                          ? reasonsOfItems(popUp, panel, printer, feature.option, withoutMedium)
+                          : ifDisabled);
   };
   const bool covers = panel.state().covermodeEnableState == 1;
   const bool sheets = panel.state().pageinsertEnableState == 1;
@@ -71,7 +79,7 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
 
   explainBox(outlet::CmCheckBox, against);
   explain(outlet::CmFrontandBackMatrix, kinds, needs(covers, kNeedsCovers, ""));
-  explainMedia(kCoverMode, needs(covers, kNeedsCovers, ""));
+  explainMedia(kCoverMode, needs(covers, kNeedsCovers, ""), kUntickCovers);
   explainBox(outlet::CmFrontOutside, needs(covers, kNeedsCovers, ""));
   explainBox(outlet::CmFrontInside, needs(covers, kNeedsCovers, places.needsTwoSided));
   explainBox(outlet::CmBackOutside,
@@ -81,7 +89,7 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
   explainBox(outlet::PiCheckBox, against);
   explain(outlet::PiPageNum, controls.textField(outlet::PiPageNum),
           needs(sheets, kNeedsSheets, ""));
-  explainMedia(kPageInsert, needs(sheets, kNeedsSheets, ""));
+  explainMedia(kPageInsert, needs(sheets, kNeedsSheets, ""), kUntickSheets);
   explainBox(outlet::PiPrintOnFront, needs(sheets, kNeedsSheets, ""));
   explainBox(outlet::PiPrintOnBack, needs(sheets, kNeedsSheets, places.needsTwoSided));
 }

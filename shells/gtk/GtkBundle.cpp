@@ -72,6 +72,11 @@ void GtkBundle::setTooltip(std::string_view outlet, const std::string& text) {
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void GtkBundle::separateItem(std::string_view outlet, std::int64_t index) {
+  GtkPopUpButton* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
+  if (menu != nullptr) menu->separateItem(index);
+}
+
 void GtkBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
   if (interface() != nullptr) interface()->revealText(outlet, first, length);
 }

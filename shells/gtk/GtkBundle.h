@@ -35,6 +35,7 @@ class GtkBundle final : public HostBundle {
   [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
   void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
+  void separateItem(std::string_view outlet, std::int64_t index) override;
   void setAlertDetail(const std::string& detail) override { alertPanel_.setDetail(detail); }
   void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
 

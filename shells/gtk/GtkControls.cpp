@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/GlibHandles.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
 #include "shells/gtk/Toolkit.h"
@@ -102,7 +103,20 @@ void GtkRadioMatrix::dealtWith(GtkCheckButton* button, gpointer cell) {
 }
 
 GtkPopUpButton::GtkPopUpButton(GtkComboBox* comboBox) : GtkControl(GTK_WIDGET(comboBox)) {
+  // Items have a title, if only an empty one.
+  const auto isLine = [](GtkTreeModel* list, GtkTreeIter* row, gpointer) -> gboolean {
+    gchar* title = nullptr;
+    gtk_tree_model_get(list, row, kTitle, &title, -1);
+    const GlibText owner(title);
+    return title == nullptr ? TRUE : FALSE;
+  };
+  gtk_combo_box_set_row_separator_func(comboBox, +isLine, nullptr, nullptr);
   handlers().connect(comboBox, "changed", G_CALLBACK(userChanged), this, G_CONNECT_AFTER);
+}
+
+gint GtkPopUpButton::rowOf(std::int64_t index) const {
+  const auto row = static_cast<gint>(index);
+  return line_ && row >= *line_ ? row + 1 : row;
 }
 
 GtkListStore* GtkPopUpButton::items() const {
@@ -112,8 +126,7 @@ GtkListStore* GtkPopUpButton::items() const {
 std::optional<GtkTreeIter> GtkPopUpButton::item(std::int64_t index) const {
   GtkTreeIter place;
   if (index < 0 || index >= numberOfItems() ||
-      !gtk_tree_model_iter_nth_child(GTK_TREE_MODEL(items()), &place, nullptr,
-                                     static_cast<gint>(index))) {
+      !gtk_tree_model_iter_nth_child(GTK_TREE_MODEL(items()), &place, nullptr, rowOf(index))) {
     return std::nullopt;
   }
   return place;
@@ -122,6 +135,7 @@ std::optional<GtkTreeIter> GtkPopUpButton::item(std::int64_t index) const {
 void GtkPopUpButton::removeAllItems() {
   const SignalHandlers::Block block(handlers());
   titles_.clear();
+  line_.reset();
   gtk_list_store_clear(items());
 }
 
@@ -167,11 +181,25 @@ void GtkPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
 void GtkPopUpButton::selectItemAtIndex(std::int64_t index) {
   const SignalHandlers::Block block(handlers());
   const bool exists = index >= 0 && index < numberOfItems();
-  gtk_combo_box_set_active(comboBox(), exists ? static_cast<gint>(index) : -1);
+  gtk_combo_box_set_active(comboBox(), exists ? rowOf(index) : -1);
 }
 
 std::int64_t GtkPopUpButton::indexOfSelectedItem() const {
-  return gtk_combo_box_get_active(comboBox());
+  const gint row = gtk_combo_box_get_active(comboBox());
+  return line_ && row > *line_ ? row - 1 : row;
+}
+
+void GtkPopUpButton::separateItem(std::int64_t index) {
+  const SignalHandlers::Block block(handlers());
+  GtkTreeIter line;
+  if (line_ &&
+      gtk_tree_model_iter_nth_child(GTK_TREE_MODEL(items()), &line, nullptr, *line_) != 0) {
+    gtk_list_store_remove(items(), &line);
+  }
+  line_.reset();
+  if (index <= 0 || index >= numberOfItems()) return;
+  line_ = static_cast<gint>(index);
+  gtk_list_store_insert_with_values(items(), nullptr, *line_, kSensitive, TRUE, -1);
 }
 
 std::optional<std::string> GtkPopUpButton::titleOfSelectedItem() const {

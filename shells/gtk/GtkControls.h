@@ -138,13 +138,19 @@ class GtkPopUpButton final : public GtkControl<PopUpButton> {
   [[nodiscard]] std::optional<std::string> titleOfSelectedItem() const override;
   void setState(int /*state*/) override {}
 
+  // Shows a line above the item; no line for an index that has no item on both sides.
+  void separateItem(std::int64_t index);
+
  private:
+  // The line is a row of the list, too.
+  [[nodiscard]] gint rowOf(std::int64_t index) const;
   [[nodiscard]] GtkComboBox* comboBox() const { return GTK_COMBO_BOX(widget()); }
   [[nodiscard]] GtkListStore* items() const;
   [[nodiscard]] std::optional<GtkTreeIter> item(std::int64_t index) const;
 
   // As given; the widget shows them as far as they are UTF-8.
   std::vector<std::string> titles_;
+  std::optional<gint> line_;  // its row
 };
 
 // On a GtkNotebook.

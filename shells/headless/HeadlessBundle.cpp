@@ -27,6 +27,11 @@ void HeadlessBundle::setTooltip(std::string_view outlet, const std::string& text
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void HeadlessBundle::separateItem(std::string_view outlet, std::int64_t index) {
+  HeadlessPopUpButton* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
+  if (menu != nullptr) menu->separateItem(index);
+}
+
 void HeadlessBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
   HeadlessTextField* field = interface() != nullptr ? interface()->textField(outlet) : nullptr;
   if (field != nullptr) field->select(first, length);

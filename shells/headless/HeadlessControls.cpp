@@ -44,6 +44,7 @@ void HeadlessRadioMatrix::click(std::int64_t column) {
 }
 
 void HeadlessPopUpButton::removeAllItems() {
+  separated_.reset();
   items_.clear();
   selected_ = -1;
 }

@@ -92,6 +92,10 @@ class HeadlessPopUpButton final : public HeadlessControl<PopUpButton> {
   [[nodiscard]] std::optional<std::string> titleOfSelectedItem() const override;
   void setState(int /*state*/) override {}
 
+  // The item that has a line above it; nothing for none.
+  void separateItem(std::int64_t index) { separated_ = index; }
+  [[nodiscard]] std::optional<std::int64_t> separated() const { return separated_; }
+
   // Selects an enabled item.
   void choose(std::int64_t index);
 
@@ -105,6 +109,7 @@ class HeadlessPopUpButton final : public HeadlessControl<PopUpButton> {
 
   std::vector<Item> items_;
   std::int64_t selected_ = -1;
+  std::optional<std::int64_t> separated_;
 };
 
 class HeadlessTextField final : public HeadlessControl<TextField> {

@@ -32,6 +32,11 @@ void QtBundle::setTooltip(std::string_view outlet, const std::string& text) {
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void QtBundle::separateItem(std::string_view outlet, std::int64_t index) {
+  QtPopUpButton* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
+  if (menu != nullptr) menu->separateItem(index);
+}
+
 void QtBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
   if (interface() != nullptr) interface()->revealText(outlet, first, length);
 }

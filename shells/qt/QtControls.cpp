@@ -92,15 +92,21 @@ QtPopUpButton::QtPopUpButton(QComboBox* comboBox) : QtControl(comboBox), comboBo
   });
 }
 
+int QtPopUpButton::rowOf(std::int64_t index) const {
+  const auto row = static_cast<int>(index);
+  return line_ && row >= *line_ ? row + 1 : row;
+}
+
 QStandardItem* QtPopUpButton::item(std::int64_t index) const {
   if (index < 0 || index >= numberOfItems()) return nullptr;
   // The model that every combo box has at first.
-  return qobject_cast<QStandardItemModel*>(comboBox_->model())->item(static_cast<int>(index));
+  return qobject_cast<QStandardItemModel*>(comboBox_->model())->item(rowOf(index));
 }
 
 void QtPopUpButton::removeAllItems() {
   const Own own(*this);
   titles_.clear();
+  line_.reset();
   comboBox_->clear();
 }
 
@@ -134,11 +140,21 @@ void QtPopUpButton::setItemEnabledAtIndex(std::int64_t index, bool enabled) {
 void QtPopUpButton::selectItemAtIndex(std::int64_t index) {
   const Own own(*this);
   const bool exists = index >= 0 && index < numberOfItems();
-  comboBox_->setCurrentIndex(exists ? static_cast<int>(index) : -1);
+  comboBox_->setCurrentIndex(exists ? rowOf(index) : -1);
 }
 
 std::int64_t QtPopUpButton::indexOfSelectedItem() const {
-  return comboBox_->currentIndex();
+  const int row = comboBox_->currentIndex();
+  return line_ && row > *line_ ? row - 1 : row;
+}
+
+void QtPopUpButton::separateItem(std::int64_t index) {
+  const Own own(*this);
+  if (line_) comboBox_->removeItem(*line_);
+  line_.reset();
+  if (index <= 0 || index >= numberOfItems()) return;
+  line_ = static_cast<int>(index);
+  comboBox_->insertSeparator(*line_);
 }
 
 std::optional<std::string> QtPopUpButton::titleOfSelectedItem() const {

@@ -142,13 +142,19 @@ class QtPopUpButton final : public QtControl<PopUpButton> {
   [[nodiscard]] std::optional<std::string> titleOfSelectedItem() const override;
   void setState(int /*state*/) override {}
 
+  // Shows a line above the item; no line for an index that has no item on both sides.
+  void separateItem(std::int64_t index);
+
  private:
+  // The line is a row of the menu, too.
+  [[nodiscard]] int rowOf(std::int64_t index) const;
   // Null outside the menu.
   [[nodiscard]] QStandardItem* item(std::int64_t index) const;
 
   QComboBox* comboBox_;
   // As given; the widget shows them as far as they are UTF-8.
   std::vector<std::string> titles_;
+  std::optional<int> line_;  // its row
 };
 
 class QtTabView final : public TabView {

@@ -122,6 +122,23 @@ TEST_F(DialogStartTest, CoverPaperChosenInTheDialogsOwnTabsBeginsThemToo) {
   EXPECT_EQ(dialog.choice("CoverMediaType"), "Leather");
 }
 
+TEST_F(DialogStartTest, DriverWhoseFirstChoiceIsNoPaperBeginsWithAPaper) {
+  std::string ppd = contentsOfFile(TEST_DATA "/zephrel-ps-9000.ppd");
+  const std::string first = "*CoverMediaType PrnDef/Printer Default: \"\"\n";
+  ASSERT_NE(ppd.find(first), std::string::npos);
+  ppd.erase(ppd.find(first), first.size());
+  choose(folder.file("NoneFirst.ppd", ppd));
+  ASSERT_EQ(popUp("CmMediaType").itemTitleAtIndex(0), "No Cover");
+  EXPECT_EQ(box("CmCheckBox").state(), 0) << "by looking";
+  box("CmCheckBox").click();
+  EXPECT_EQ(popUp("CmMediaType").titleOfSelectedItem(), "Plain Paper");
+  EXPECT_THAT(sides(), ElementsAre("CmFrontOutside"));
+  popUp("CmMediaType").choose(4);
+  box("CmCheckBox").click();
+  box("CmCheckBox").click();
+  EXPECT_EQ(popUp("CmMediaType").indexOfSelectedItem(), 4);
+}
+
 TEST_F(DialogStartTest, ResetBeginsAnew) {
   choose(office);
   box("CmCheckBox").click();

@@ -198,11 +198,37 @@ TEST_F(DialogHostTest, MediumIsNotGreyedByTheOneThatItWouldReplace) {
   box("CmCheckBox").click();
   popUp("CmMediaType").choose(4);
   EXPECT_TRUE(popUp("CmMediaType").isItemEnabledAtIndex(7));
-  EXPECT_EQ(popUp("CmMediaType").tooltip(), "");
+  EXPECT_THAT(popUp("CmMediaType").tooltip(), Not(HasSubstr("Tray")));
   dialog.change([](DialogJob& job) { job.options["MediaType"] = "Transparency"; });
   EXPECT_FALSE(popUp("CmMediaType").isItemEnabledAtIndex(7));
   EXPECT_THAT(popUp("CmMediaType").tooltip(), HasSubstr("Tray 2: conflicts with Media Type"));
   EXPECT_THAT(popUp("CmMediaType").tooltip(), Not(HasSubstr("Cover Paper")));
+}
+
+TEST_F(DialogHostTest, TraysStandApartFromPapers) {
+  choose(office);
+  for (const char* menu : {"CmMediaType", "PiMediaType"}) {
+    ASSERT_TRUE(popUp(menu).separated()) << menu;
+    EXPECT_EQ(popUp(menu).itemTitleAtIndex(*popUp(menu).separated()), "Tray 1") << menu;
+    EXPECT_EQ(popUp(menu).numberOfItems(), 11) << menu;
+  }
+}
+
+TEST_F(DialogHostTest, NoPaperIsGreyedWhileCoversAreOn) {
+  choose(office);
+  ASSERT_EQ(popUp("CmMediaType").itemTitleAtIndex(1), "No Cover");
+  box("CmCheckBox").click();
+  EXPECT_FALSE(popUp("CmMediaType").isItemEnabledAtIndex(1));
+  EXPECT_EQ(popUp("CmMediaType").tooltip(),
+            "No Cover: untick “Add covers to the document” for that");
+  EXPECT_TRUE(popUp("CmMediaType").isItemEnabledAtIndex(2));
+  dialog.change([](DialogJob& job) { job.sides = Sides::TwoSidedLongEdge; });
+  EXPECT_FALSE(popUp("CmMediaType").isItemEnabledAtIndex(1));
+  EXPECT_EQ(popUp("PiMediaType").tooltip(), "Needs sheets: tick “Add sheets between the pages”.");
+  // What chooses it on another tab unticks the box itself.
+  dialog.change([](DialogJob& job) { job.options["CoverMediaType"] = "None"; });
+  EXPECT_EQ(box("CmCheckBox").state(), 0);
+  EXPECT_TRUE(popUp("CmMediaType").isItemEnabledAtIndex(1));
 }
 
 TEST_F(DialogHostTest, PrinterThatTheDialogStillAsksIsNamed) {

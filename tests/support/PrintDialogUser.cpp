@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PrintDialogUser.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 #include "base/GlibHandles.h"
 #include "shells/gtk/Toolkit.h"
@@ -23,6 +25,20 @@ GtkWidget* templateChild(GtkWidget* dialog, const char* id) {
 std::string tabName(const gchar* label) {
   const std::string name = label != nullptr ? label : "";
   return name.substr(0, name.find(" ✓"));
+}
+
+// Where the items of a menu are in its list, which has a line among them.
+std::vector<int> rowsOfItems(GtkWidget* comboBox) {
+  GtkTreeModel* list = gtk_combo_box_get_model(GTK_COMBO_BOX(comboBox));
+  std::vector<int> rows;
+  GtkTreeIter place;
+  for (int row = 0; gtk_tree_model_iter_nth_child(list, &place, nullptr, row) != 0; ++row) {
+    gchar* title = nullptr;
+    gtk_tree_model_get(list, &place, 0, &title, -1);
+    const GlibText owner(title);
+    if (title != nullptr) rows.push_back(row);
+  }
+  return rows;
 }
 
 }  // namespace
@@ -142,7 +158,8 @@ void PrintDialogUser::click(const char* checkBox) {
 void PrintDialogUser::pick(const char* popUp, int index) {
   GtkWidget* comboBox = find(popUp);
   if (gtk_widget_is_sensitive(comboBox) != 0) {
-    gtk_combo_box_set_active(GTK_COMBO_BOX(comboBox), index);
+    gtk_combo_box_set_active(GTK_COMBO_BOX(comboBox),
+                             rowsOfItems(comboBox).at(static_cast<std::size_t>(index)));
   }
   GtkStage::settle();
 }
@@ -208,7 +225,10 @@ bool PrintDialogUser::isSensitive(const char* control) const {
 }
 
 int PrintDialogUser::picked(const char* popUp) const {
-  return gtk_combo_box_get_active(GTK_COMBO_BOX(find(popUp)));
+  const std::vector<int> rows = rowsOfItems(find(popUp));
+  const auto row =
+      std::find(rows.begin(), rows.end(), gtk_combo_box_get_active(GTK_COMBO_BOX(find(popUp))));
+  return row != rows.end() ? static_cast<int>(row - rows.begin()) : -1;
 }
 
 std::string PrintDialogUser::text(const char* entry) const {

@@ -39,9 +39,15 @@ void clickAt(QWidget* widget, QPoint place) {
 }
 
 void pickItem(QComboBox* menu, int index) {
-  if (!menu->isEnabled() || index < 0 || index >= menu->count()) return;
+  int row = 0;
+  const auto isLine = [&] {
+    return menu->itemData(row, Qt::AccessibleDescriptionRole).toString() == "separator";
+  };
+  for (int before = index; row < menu->count() && (before > 0 || isLine()); ++row)
+    before -= isLine() ? 0 : 1;
+  if (!menu->isEnabled() || index < 0 || row >= menu->count()) return;
   menu->showPopup();
-  const QModelIndex item = menu->model()->index(index, 0);
+  const QModelIndex item = menu->model()->index(row, 0);
   menu->view()->setCurrentIndex(item);  // goes to no disabled item
   if (menu->view()->currentIndex() == item) pressKey(menu->view(), Qt::Key_Return);
   menu->hidePopup();

@@ -18,6 +18,36 @@ TEST_P(ShellConformance, PopUpKeepsOrderAndEqualTitles) {
   EXPECT_EQ(media.titleOfSelectedItem(), "Tray 2");
 }
 
+TEST_P(ShellConformance, PopUpHasALineThatIsNoItem) {
+  load();
+  PopUpButton& media = popUp("PiMediaType");
+  media.addItemsWithTitles({"A", "", "C", "D"});
+  media.selectItemAtIndex(2);
+  for (const std::int64_t line : {2, 1, 3, 4, 0, 1}) {
+    bundle().separateItem("PiMediaType", line);
+    EXPECT_THAT(itemTitles(media), ElementsAre("A", "", "C", "D")) << line;
+    EXPECT_EQ(media.indexOfSelectedItem(), 2) << line;
+  }
+  media.setItemEnabledAtIndex(3, false);
+  for (std::int64_t index = 0; index < 4; ++index) {
+    EXPECT_EQ(media.isItemEnabledAtIndex(index), index != 3) << index;
+    media.selectItemAtIndex(index);
+    EXPECT_EQ(media.indexOfSelectedItem(), index);
+    EXPECT_EQ(media.titleOfSelectedItem(), media.itemTitleAtIndex(index));
+  }
+  for (const std::int64_t index : {0, 2, 1}) {
+    user().choose("PiMediaType", index);
+    EXPECT_EQ(media.indexOfSelectedItem(), index);
+  }
+  user().choose("PiMediaType", 3);
+  EXPECT_EQ(media.indexOfSelectedItem(), 1) << "a disabled item";
+  media.removeAllItems();
+  media.addItemsWithTitles({"E", "F"});
+  media.selectItemAtIndex(1);
+  EXPECT_EQ(media.titleOfSelectedItem(), "F");
+  bundle().separateItem("Unknown", 1);
+}
+
 TEST_P(ShellConformance, PopUpIsEmptied) {
   load();
   PopUpButton& media = popUp("CmMediaType");

@@ -78,7 +78,8 @@ void pickItem(GtkComboBox* comboBox, int index) {
   GtkWidget* menu = gtk_accessible_get_widget(GTK_ACCESSIBLE(popup));
   // The menu takes over which items are sensitive when it is measured to be shown.
   gtk_widget_get_preferred_size(menu, nullptr, nullptr);
-  const std::vector<GtkWidget*> items = toolkit::childrenOf(menu);
+  std::vector<GtkWidget*> items = toolkit::childrenOf(menu);
+  std::erase_if(items, [](GtkWidget* item) { return GTK_IS_SEPARATOR_MENU_ITEM(item) != 0; });
   if (index >= std::ssize(items)) return;
   GtkWidget* item = items[static_cast<std::size_t>(index)];
   if (gtk_widget_is_sensitive(item) != 0)
