@@ -15,6 +15,9 @@ namespace publishing::toolkit {
 // GTK's file, as programs name it.
 extern const char* const kLibrary;
 
+// The object's id for the builder, which gives one to all; null when it has none.
+const char* builderIdOf(GtkBuildable* object);
+
 // The object's id in the interface description that it was made from, else the name that it was
 // given; empty when it has neither.
 std::string idOf(GObject* object);
@@ -28,12 +31,7 @@ void append(GtkBox* box, GtkWidget* child);
 void insertAfter(GtkBox* box, GtkWidget* child, GtkWidget* sibling);
 
 // On all sides.
-inline void setMargins(GtkWidget* widget, int pixels) {
-  gtk_widget_set_margin_start(widget, pixels);
-  gtk_widget_set_margin_end(widget, pixels);
-  gtk_widget_set_margin_top(widget, pixels);
-  gtk_widget_set_margin_bottom(widget, pixels);
-}
+void setMargins(GtkWidget* widget, int pixels);
 
 // Puts the child that its container has owned into nobody's hands.
 void remove(GtkBox* box, GtkWidget* child);

@@ -9,24 +9,26 @@ foreach(major IN LISTS PUBLISHING_GTK)
   # A user at a print dialog that has the panel.
   add_library(gtk${major}-dialog-user STATIC PrintDialogUser.cpp)
   target_link_libraries(gtk${major}-dialog-user PUBLIC gtk${major}-stage publishing-gtk${major}-host)
+
+  add_executable(gtk${major}-dialog-screenshots EXCLUDE_FROM_ALL
+    dialog-screenshots.cpp gtk${major}/Picture.cpp)
+  target_link_libraries(gtk${major}-dialog-screenshots PRIVATE gtk${major}-dialog-user)
+  set_target_properties(gtk${major}-dialog-screenshots PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 endforeach()
 if(NOT PUBLISHING_GTK3)
   return()
 endif()
 
 # Pictures in the build folder: cmake --build --preset release --target screenshots
-add_library(picture STATIC EXCLUDE_FROM_ALL Picture.cpp)
-target_link_libraries(picture PUBLIC publishing-gtk3)
-add_executable(panel-screenshots EXCLUDE_FROM_ALL panel-screenshots.cpp)
-target_link_libraries(panel-screenshots PRIVATE gtk3-stage panel-script-runner picture)
-add_executable(dialog-screenshots EXCLUDE_FROM_ALL dialog-screenshots.cpp)
-target_link_libraries(dialog-screenshots PRIVATE gtk3-dialog-user picture)
-set_target_properties(panel-screenshots dialog-screenshots PROPERTIES
+add_executable(panel-screenshots EXCLUDE_FROM_ALL panel-screenshots.cpp gtk3/Picture.cpp)
+target_link_libraries(panel-screenshots PRIVATE gtk3-stage panel-script-runner)
+set_target_properties(panel-screenshots PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 add_custom_target(screenshots
   COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/screenshots"
     "${CMAKE_BINARY_DIR}/tests" "${CMAKE_BINARY_DIR}/screenshots"
-  DEPENDS panel-screenshots dialog-screenshots
+  DEPENDS panel-screenshots gtk3-dialog-screenshots
   VERBATIM)
 
 # The help book's pictures, in the sources.

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Draws the print dialog with the panel's tabs in front, for a queue of the server that CUPS_SERVER
 // names:
-//   dialog-screenshots QUEUE PREFIX [--rtl]
+//   gtk3-dialog-screenshots QUEUE PREFIX [--rtl]
 #include <exception>
 #include <iostream>
 
 #include "shells/ExtensionNames.h"
+#include "tests/support/GtkGestures.h"
 #include "tests/support/Picture.h"
 #include "tests/support/PrintDialogUser.h"
 
@@ -43,7 +44,7 @@ void draw(const std::string& queue, const std::string& prefix, const char* duple
 }  // namespace
 
 int main(int argc, char** argv) {
-  gtk_init(&argc, &argv);
+  if (!gestures::startToolkit()) return 1;
   if (argc < 3) {
     std::cerr << "usage: dialog-screenshots QUEUE PREFIX [--rtl]\n";
     return 2;

@@ -10,14 +10,8 @@ namespace publishing::toolkit {
 
 const char* const kLibrary = "libgtk-3.so.0";
 
-std::string idOf(GObject* object) {
-  if (!GTK_IS_BUILDABLE(object)) return {};
-  const gchar* id = gtk_buildable_get_name(GTK_BUILDABLE(object));
-  if (id != nullptr) return g_str_has_prefix(id, "___") ? std::string() : id;
-  if (!GTK_IS_WIDGET(object)) return {};
-  // Without a name of its own, a widget has that of its type.
-  const std::string name = gtk_widget_get_name(GTK_WIDGET(object));
-  return name != G_OBJECT_TYPE_NAME(object) ? name : std::string();
+const char* builderIdOf(GtkBuildable* object) {
+  return gtk_buildable_get_name(object);
 }
 
 std::vector<GtkWidget*> childrenOf(GtkWidget* parent) {

@@ -25,14 +25,8 @@ bool isOpen(GtkWindow* window) {
 
 const char* const kLibrary = "libgtk-4.so.1";
 
-std::string idOf(GObject* object) {
-  if (!GTK_IS_BUILDABLE(object)) return {};
-  const char* id = gtk_buildable_get_buildable_id(GTK_BUILDABLE(object));
-  if (id != nullptr) return g_str_has_prefix(id, "___") ? std::string() : id;
-  if (!GTK_IS_WIDGET(object)) return {};
-  // Without a name of its own, a widget has that of its type.
-  const std::string name = gtk_widget_get_name(GTK_WIDGET(object));
-  return name != G_OBJECT_TYPE_NAME(object) ? name : std::string();
+const char* builderIdOf(GtkBuildable* object) {
+  return gtk_buildable_get_buildable_id(object);
 }
 
 std::vector<GtkWidget*> childrenOf(GtkWidget* parent) {
