@@ -3,10 +3,7 @@
 
 #include <utility>
 
-#include "Publishing/PublishingFeatures.h"
 #include "base/GlibHandles.h"
-#include "base/Translation.h"
-#include "shells/HelpBook.h"
 #include "shells/gtk/Toolkit.h"
 
 extern "C" {
@@ -28,7 +25,7 @@ GObjectPtr<GAppInfo> webBrowser() {
 
 // Whether a program could be started for the page. What opens files of its type may well be one
 // that edits them, hence the web browser.
-bool isShown(std::string uri) {
+bool isOpened(std::string uri) {
   GError* failure = nullptr;
   bool isStarted = false;
   const GObjectPtr<GdkAppLaunchContext> context(
@@ -48,55 +45,19 @@ bool isShown(std::string uri) {
 
 }  // namespace
 
-std::string GtkBundle::localizedString(const std::string& key) const {
-  return translated(key.c_str());
-}
-
-bool GtkBundle::loadInterface(const std::string& name, InterfaceOwner& owner) {
+std::unique_ptr<GtkInterface> GtkBundle::makeInterface(const std::string& name) {
   const std::string resource = "/com/zephrel/publishing/" + name + ".ui";
   const GlibBytes description(g_resource_lookup_data(publishing_get_resource(), resource.c_str(),
                                                      G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
-  if (description == nullptr) return false;
+  if (description == nullptr) return nullptr;
   gsize size = 0;
   const auto* text = static_cast<const char*>(g_bytes_get_data(description.get(), &size));
-  auto loaded = GtkInterface::make(text, static_cast<gssize>(size));
-  if (loaded == nullptr || !loaded->bind(owner)) return false;
-  loaded->setUserChanged(changed_);
-  interfaces_.push_back(std::move(loaded));
-  alertPanel_.setView(interface()->view());
-  owner.awakeFromNib();
-  return true;
+  return GtkInterface::make(text, static_cast<gssize>(size));
 }
 
-void GtkBundle::setTooltip(std::string_view outlet, const std::string& text) {
-  if (interface() != nullptr) interface()->setTooltip(outlet, text);
-}
-
-void GtkBundle::separateItem(std::string_view outlet, std::int64_t index) {
-  GtkPopUpButton* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
-  if (menu != nullptr) menu->separateItem(index);
-}
-
-void GtkBundle::revealText(std::string_view outlet, std::size_t first, std::size_t length) {
-  if (interface() != nullptr) interface()->revealText(outlet, first, length);
-}
-
-bool GtkBundle::registerHelpBook() {
-  helpPage_ = helpStartPage(path_);
-  return !helpPage_.empty();
-}
-
-std::int32_t GtkBundle::gotoHelpPage(const std::string& bookName) {
-  if (bookName != kHelpBook || helpPage_.empty()) return kNoHelpBook;
-  const GlibText page(g_filename_to_uri(helpPage_.c_str(), nullptr, nullptr));
-  if (page == nullptr) return kNoHelpBook;
-  GtkTabView* tabs = interface() != nullptr ? interface()->tabView(outlet::tabView) : nullptr;
-  const std::string part = tabs != nullptr ? helpPartOfTab(tabs->selectedIndex()) : std::string();
-  return isShown(page.get() + part) ? 0 : kNoHelpViewer;
-}
-
-GtkInterface* GtkBundle::interface() const {
-  return interfaces_.empty() ? nullptr : interfaces_.back().get();
+bool GtkBundle::isShown(const std::string& file, const std::string& part) {
+  const GlibText page(g_filename_to_uri(file.c_str(), nullptr, nullptr));
+  return page != nullptr && isOpened(page.get() + part);
 }
 
 }  // namespace publishing

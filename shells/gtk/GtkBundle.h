@@ -3,54 +3,23 @@
 
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
-#include "shells/HostBundle.h"
+#include "shells/WidgetBundle.h"
 #include "shells/gtk/GtkAlertPanel.h"
 #include "shells/gtk/GtkInterface.h"
 
 namespace publishing {
 
-// The plug-in's bundle for GTK programs. Texts come from the gettext catalogue "publishing"; the
-// interface description is compiled in; the help book is a folder of HTML pages that the desktop's
-// viewer shows, without a network.
-class GtkBundle final : public HostBundle {
+// The plug-in's bundle for GTK programs. The user interface must be up (gtk_init).
+class GtkBundle final : public WidgetBundle<GtkInterface, GtkAlertPanel> {
  public:
-  // `path` is the folder that holds the help book "help". The user interface must be up (gtk_init).
-  explicit GtkBundle(std::string path) : path_(std::move(path)) {}
-
-  [[nodiscard]] std::string localizedString(const std::string& key) const override;
-  [[nodiscard]] std::string path() const override { return path_; }
-  bool loadInterface(const std::string& name, InterfaceOwner& owner) override;
-
-  // Finds the start page in the user's language, else in English; false when there is none.
-  bool registerHelpBook() override;
-
-  // Shows the part about the panel's tab in front in the desktop's web browser; without one, in
-  // what opens such files otherwise. 0 when a viewer was started, kNoHelpBook or kNoHelpViewer when
-  // not.
-  std::int32_t gotoHelpPage(const std::string& bookName) override;
-
-  [[nodiscard]] AlertPanel& alertPanel() override { return alertPanel_; }
-  void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
-  void setTooltip(std::string_view outlet, const std::string& text) override;
-  void separateItem(std::string_view outlet, std::int64_t index) override;
-  void setAlertDetail(const std::string& detail) override { alertPanel_.setDetail(detail); }
-  void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;
-
-  // The interface loaded last; null before the first load.
-  [[nodiscard]] GtkInterface* interface() const;
-
-  static constexpr std::int32_t kNoHelpBook = -1;
-  static constexpr std::int32_t kNoHelpViewer = -2;
+  using WidgetBundle::WidgetBundle;
 
  private:
-  std::string path_;
-  std::string helpPage_;
-  GtkAlertPanel alertPanel_;
-  UserChanged changed_;
-  std::vector<std::unique_ptr<GtkInterface>> interfaces_;
+  std::unique_ptr<GtkInterface> makeInterface(const std::string& name) override;
+
+  // In the desktop's web browser; without one, in what opens such files otherwise.
+  bool isShown(const std::string& file, const std::string& part) override;
 };
 
 }  // namespace publishing

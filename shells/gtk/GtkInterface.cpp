@@ -5,7 +5,6 @@
 
 #include "Publishing/PublishingFeatures.h"
 #include "shells/DisplayText.h"
-#include "shells/InterfaceBinder.h"
 #include "shells/gtk/Toolkit.h"
 
 namespace publishing {
@@ -14,12 +13,6 @@ namespace {
 // The box that a radio button stands in.
 GtkWidget* matrixOf(GObject* radioButton) {
   return gtk_widget_get_parent(GTK_WIDGET(radioButton));
-}
-
-template <class Controls>
-auto* find(Controls& controls, std::string_view name) {
-  const auto found = controls.find(name);
-  return found != controls.end() ? found->second.get() : nullptr;
 }
 
 }  // namespace
@@ -61,27 +54,14 @@ void GtkInterface::addObject(GObject* object) {
 
 bool GtkInterface::bind(InterfaceOwner& owner) {
   InterfaceBinder binder(owner);
-  bindOutlets(binder);
+  if (view_ != nullptr) binder.addView(outlet::pdeView, *view_);
+  addOutlets(binder);
   for (const BuiltInterface::Signal& signal : built_.signals)
     bindAction(binder, signal);
   if (binder.connect()) return true;
   for (const std::string& name : binder.unknownNames())
     g_message("The interface description names '%s', which its owner does not know", name.c_str());
   return false;
-}
-
-void GtkInterface::bindOutlets(InterfaceBinder& binder) {
-  if (view_ != nullptr) binder.addView(outlet::pdeView, *view_);
-  for (const auto& [name, tabs] : tabViews_)
-    binder.addOutlet<TabView>(name, *tabs);
-  for (const auto& [name, box] : checkBoxes_)
-    binder.addOutlet<CheckBox>(name, *box);
-  for (const auto& [name, matrix] : radioMatrices_)
-    binder.addOutlet<RadioMatrix>(name, *matrix);
-  for (const auto& [name, popUp] : popUpButtons_)
-    binder.addOutlet<PopUpButton>(name, *popUp);
-  for (const auto& [name, field] : textFields_)
-    binder.addOutlet<TextField>(name, *field);
 }
 
 void GtkInterface::bindAction(InterfaceBinder& binder, const BuiltInterface::Signal& signal) {
@@ -100,26 +80,6 @@ void GtkInterface::bindAction(InterfaceBinder& binder, const BuiltInterface::Sig
   }
 }
 
-template <class Function>
-void GtkInterface::forEachControl(Function function) {
-  for (const auto& [name, box] : checkBoxes_)
-    function(name, *box);
-  for (const auto& [name, matrix] : radioMatrices_)
-    function(name, *matrix);
-  for (const auto& [name, popUp] : popUpButtons_)
-    function(name, *popUp);
-  for (const auto& [name, field] : textFields_)
-    function(name, *field);
-}
-
-void GtkInterface::setUserChanged(const std::function<void(const std::string& outlet)>& changed) {
-  forEachControl([&](const std::string& name, auto& control) {
-    control.setUserChanged([changed, name] {
-      if (changed) changed(name);
-    });
-  });
-}
-
 void GtkInterface::setTooltip(std::string_view name, const std::string& text) {
   const std::string shown = displayText(text);
   forEachControl([&](const std::string& known, auto& control) {
@@ -128,32 +88,11 @@ void GtkInterface::setTooltip(std::string_view name, const std::string& text) {
   });
 }
 
+// In GTK 4 the field outlives the window that it was in.
 void GtkInterface::revealText(std::string_view name, std::size_t first, std::size_t length) {
   GtkTextField* field = textField(name);
   if (field == nullptr || toolkit::windowOf(field->widget()) == nullptr) return;
-  for (const auto& [tabsName, tabs] : tabViews_)
-    tabs->bringToFront(field->widget());
-  field->select(first, length);
-}
-
-GtkCheckBox* GtkInterface::checkBox(std::string_view name) {
-  return find(checkBoxes_, name);
-}
-
-GtkRadioMatrix* GtkInterface::radioMatrix(std::string_view name) {
-  return find(radioMatrices_, name);
-}
-
-GtkPopUpButton* GtkInterface::popUpButton(std::string_view name) {
-  return find(popUpButtons_, name);
-}
-
-GtkTextField* GtkInterface::textField(std::string_view name) {
-  return find(textFields_, name);
-}
-
-GtkTabView* GtkInterface::tabView(std::string_view name) {
-  return find(tabViews_, name);
+  WidgetControls::revealText(name, first, length);
 }
 
 }  // namespace publishing

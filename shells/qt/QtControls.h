@@ -166,6 +166,8 @@ class QtTabView final : public TabView {
   void removeTabViewItemAtIndex(std::int64_t index) override;
   void setAction(std::function<void()> didSelect) { didSelect_ = std::move(didSelect); }
 
+  [[nodiscard]] std::int64_t selectedIndex() const { return tabs_->currentIndex(); }
+
   // Selects the tab that the widget is in, if any; this is no gesture of the user's.
   void bringToFront(const QWidget* widget);
 

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "Publishing/PublishingFeatures.h"
-#include "shells/InterfaceBinder.h"
 #include "shells/qt/QtText.h"
 
 namespace publishing {
@@ -18,12 +17,6 @@ const InterfaceObject& viewOf(const std::vector<InterfaceObject>& objects) {
                                   [](const auto& object) { return object.id == outlet::pdeView; });
   if (found == objects.end()) throw std::runtime_error("it has no view");
   return *found;
-}
-
-template <class Controls>
-auto* find(Controls& controls, std::string_view name) {
-  const auto found = controls.find(name);
-  return found != controls.end() ? found->second.get() : nullptr;
 }
 
 // The name of the outlet that the object belongs to; a radio button's is its container's.
@@ -73,7 +66,8 @@ void QtInterface::addControl(const InterfaceWidgets::Made& made) {
 
 bool QtInterface::bind(InterfaceOwner& owner) {
   InterfaceBinder binder(owner);
-  bindOutlets(binder);
+  binder.addView(outlet::pdeView, view_);
+  addOutlets(binder);
   for (const InterfaceWidgets::Made& made : widgets_.made()) {
     for (const InterfaceObject::Signal& signal : made.object->handlers)
       bindAction(binder, made, signal.handler.toStdString());
@@ -82,20 +76,6 @@ bool QtInterface::bind(InterfaceOwner& owner) {
   for (const std::string& name : binder.unknownNames())
     g_message("The interface description names '%s', which its owner does not know", name.c_str());
   return false;
-}
-
-void QtInterface::bindOutlets(InterfaceBinder& binder) {
-  binder.addView(outlet::pdeView, view_);
-  for (const auto& [name, tabs] : tabViews_)
-    binder.addOutlet<TabView>(name, *tabs);
-  for (const auto& [name, box] : checkBoxes_)
-    binder.addOutlet<CheckBox>(name, *box);
-  for (const auto& [name, matrix] : radioMatrices_)
-    binder.addOutlet<RadioMatrix>(name, *matrix);
-  for (const auto& [name, popUp] : popUpButtons_)
-    binder.addOutlet<PopUpButton>(name, *popUp);
-  for (const auto& [name, field] : textFields_)
-    binder.addOutlet<TextField>(name, *field);
 }
 
 void QtInterface::bindAction(InterfaceBinder& binder, const InterfaceWidgets::Made& made,
@@ -113,58 +93,10 @@ void QtInterface::bindAction(InterfaceBinder& binder, const InterfaceWidgets::Ma
   }
 }
 
-template <class Function>
-void QtInterface::forEachControl(Function function) {
-  for (const auto& [name, box] : checkBoxes_)
-    function(name, *box);
-  for (const auto& [name, matrix] : radioMatrices_)
-    function(name, *matrix);
-  for (const auto& [name, popUp] : popUpButtons_)
-    function(name, *popUp);
-  for (const auto& [name, field] : textFields_)
-    function(name, *field);
-}
-
-void QtInterface::setUserChanged(const std::function<void(const std::string& outlet)>& changed) {
-  forEachControl([&](const std::string& name, auto& control) {
-    control.setUserChanged([changed, name] {
-      if (changed) changed(name);
-    });
-  });
-}
-
 void QtInterface::setTooltip(std::string_view name, const std::string& text) {
   forEachControl([&](const std::string& known, auto& control) {
     if (known == name) control.widget()->setToolTip(shownTooltip(text));
   });
-}
-
-void QtInterface::revealText(std::string_view name, std::size_t first, std::size_t length) {
-  QtTextField* field = textField(name);
-  if (field == nullptr) return;
-  for (const auto& [tabsName, tabs] : tabViews_)
-    tabs->bringToFront(field->widget());
-  field->select(first, length);
-}
-
-QtCheckBox* QtInterface::checkBox(std::string_view name) {
-  return find(checkBoxes_, name);
-}
-
-QtRadioMatrix* QtInterface::radioMatrix(std::string_view name) {
-  return find(radioMatrices_, name);
-}
-
-QtPopUpButton* QtInterface::popUpButton(std::string_view name) {
-  return find(popUpButtons_, name);
-}
-
-QtTextField* QtInterface::textField(std::string_view name) {
-  return find(textFields_, name);
-}
-
-QtTabView* QtInterface::tabView(std::string_view name) {
-  return find(tabViews_, name);
 }
 
 }  // namespace publishing

@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "Publishing/platform/InterfaceOwner.h"
+#include "shells/WidgetControls.h"
 #include "shells/qt/InterfaceWidgets.h"
 #include "shells/qt/QtControls.h"
 #include "shells/qt/QtTextField.h"
 
 namespace publishing {
 
-class InterfaceBinder;
-
 // An interface description made into widgets, with the platform's controls on them.
 //
 // What is an outlet follows from the description: every check button, combo box, entry and notebook
 // that has an id, every box of radio buttons that has an id, and "pdeView", the view. Handlers of
 // their signals are actions of the owner.
-class QtInterface {
+class QtInterface
+    : public WidgetControls<QtCheckBox, QtRadioMatrix, QtPopUpButton, QtTextField, QtTabView> {
  public:
   // `description` is GtkBuilder XML; nothing, with the reason in the log, when it is not, or when
   // it needs widgets that are not known here.
@@ -35,43 +34,19 @@ class QtInterface {
   // The description's view. A host that shows it takes it out of its dialog before that goes.
   [[nodiscard]] const QtView* view() const { return &view_; }
 
-  // A control by its outlet's name; null when there is none of this name and kind.
-  [[nodiscard]] QtCheckBox* checkBox(std::string_view name);
-  [[nodiscard]] QtRadioMatrix* radioMatrix(std::string_view name);
-  [[nodiscard]] QtPopUpButton* popUpButton(std::string_view name);
-  [[nodiscard]] QtTextField* textField(std::string_view name);
-  [[nodiscard]] QtTabView* tabView(std::string_view name);
-
-  // Called after each gesture by which the user changed a control.
-  void setUserChanged(const std::function<void(const std::string& outlet)>& changed);
-
   // Bytes that are not UTF-8 are shown as U+FFFD; empty for none. Nothing happens when there is no
   // control of this name.
   void setTooltip(std::string_view name, const std::string& text);
 
-  // See HostBundle::revealText.
-  void revealText(std::string_view name, std::size_t first, std::size_t length);
-
  private:
-  template <class ControlType>
-  using ControlsByName = std::map<std::string, std::unique_ptr<ControlType>, std::less<>>;
-
   explicit QtInterface(std::vector<InterfaceObject> objects);
-  template <class Function>
-  void forEachControl(Function function);
   void addControl(const InterfaceWidgets::Made& made);
-  void bindOutlets(InterfaceBinder& binder);
   void bindAction(InterfaceBinder& binder, const InterfaceWidgets::Made& made,
                   std::string_view handler);
 
   std::vector<InterfaceObject> objects_;
   InterfaceWidgets widgets_;
   QtView view_;
-  ControlsByName<QtCheckBox> checkBoxes_;
-  ControlsByName<QtRadioMatrix> radioMatrices_;
-  ControlsByName<QtPopUpButton> popUpButtons_;
-  ControlsByName<QtTextField> textFields_;
-  ControlsByName<QtTabView> tabViews_;
 };
 
 }  // namespace publishing
