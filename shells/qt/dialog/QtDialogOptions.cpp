@@ -70,7 +70,8 @@ std::string pageRangesOf(const QObject& dialog) {
     return std::to_string(numberIn(dialog, "from")) + "-" + std::to_string(numberIn(dialog, "to"));
   }
   const auto* list = dialog.findChild<QLineEdit*>(QLatin1String("pagesLineEdit"));
-  return isOn(dialog, "pagesRadioButton") && list != nullptr ? list->text().toStdString() : "";
+  if (!isOn(dialog, "pagesRadioButton") || list == nullptr) return {};
+  return list->text().remove(QLatin1Char(' ')).toStdString();
 }
 
 std::string pageSetOf(const QObject& dialog) {

@@ -226,7 +226,7 @@ TEST_F(QtPrintDialogPresetsTest, PictureFollowsThePanelAndTheOtherTabs) {
   user.openTab("Copies");
   user.find<QSpinBox>("copies")->setValue(3);
   user.button("pagesRadioButton")->click();
-  user.find<QLineEdit>("pagesLineEdit")->setText("1-4,7");
+  user.find<QLineEdit>("pagesLineEdit")->setText("1-4, 7");
   user.openTab("Publishing");
   EXPECT_THAT(sentenceIn(user), HasSubstr("15 sheets in all for 3 copies."));
   user.openTab("Copies");
