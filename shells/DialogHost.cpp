@@ -170,13 +170,13 @@ void DialogHost::gestureMade(const std::string& outlet) {
 void DialogHost::panelChanged() {
   if (panel_ == nullptr) return;
   giveMedia(true);
-  panel_->showReasons(dialog_.places());
-  showSheets();
+  const JobSheets sheets = panel_->sheets(dialog_.job(), dialog_.documentPages());
+  panel_->showReasons(dialog_.places(), sheets);
+  showSheets(sheets);
   dialog_.showOutsideTab(whatIsOn());
 }
 
-void DialogHost::showSheets() {
-  const JobSheets sheets = panel_->sheets(dialog_.job(), dialog_.documentPages());
+void DialogHost::showSheets(const JobSheets& sheets) {
   std::string text = sentenceOf(sheets);
   for (const std::string& warning : warningsOf(sheets))
     text += '\n' + warning;

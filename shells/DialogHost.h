@@ -78,7 +78,7 @@ class DialogHost {
   void panelChanged();
   [[nodiscard]] bool hasRemembered(const std::string& queue) const;
   // Says and draws what would come out.
-  void showSheets();
+  void showSheets(const JobSheets& sheets);
   // For a user who is on another tab; empty when nothing is on.
   [[nodiscard]] std::string whatIsOn() const;
   // Asks the user about what is remembered and cannot be printed, unless the panel has shown it.

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Publishing/platform/Bundle.h"
+#include "shells/FieldNote.h"
 
 namespace publishing {
 
@@ -24,6 +25,10 @@ class HostBundle : public Bundle {
   // What the control of the interface loaded last says when it is pointed at; empty for nothing.
   // `outlet` is the name of one of its controls.
   virtual void setTooltip(std::string_view outlet, const std::string& text) = 0;
+
+  // What is said below a text field of the interface loaded last; until then it is what the
+  // interface description says. Nothing happens for a field that has no room for it.
+  virtual void setNote(std::string_view outlet, const FieldNote& note) = 0;
 
   // Has the pop-up of the interface loaded last show a line above this item, in place of an earlier
   // one. The line is no item: the panel's items keep their indexes. Emptying the pop-up removes it.

@@ -46,7 +46,8 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
       panel_(panelOf(plugin_, bundle_, std::make_shared<TicketCallback>(*printer_, ticket_))),
       controls_(*panel_),
       mayRemember_(mayRemember),
-      remembers_(mayRemember) {
+      remembers_(mayRemember),
+      list_(*bundle_, controls_) {
   bundle_->setUserChanged(std::move(changed));
   for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = job.options.find(feature.option);
@@ -163,6 +164,7 @@ void HostedPanel::showWish() {
 }
 
 void HostedPanel::noteGesture(const std::string& outlet) {
+  list_.noteGesture();
   const bool hadCovers = wish_.isOn(kCoverMode);
   const bool hadInserts = wish_.isOn(kPageInsert);
   const auto sides = wish_.coverSides();
@@ -275,9 +277,12 @@ std::optional<PageListFault> HostedPanel::faultInList() const {
   panel_->updateSettings();
   const PublishingSettings& state = panel_->state();
   if (state.pageinsertEnableState != 1) return std::nullopt;
+  return faultInPages(state.pageNumValue.value_or(""), listRules());
+}
+
+PageListRules HostedPanel::listRules() const {
   const auto sides = static_cast<Sides>(ticket_.getDuplex().value_or(1));
-  return faultInPages(state.pageNumValue.value_or(""), sides != Sides::OneSided,
-                      state.covermodeValue);
+  return {sides != Sides::OneSided, panel_->state().covermodeValue};
 }
 
 std::optional<std::string> HostedPanel::lossOfInserts() const {
@@ -355,11 +360,12 @@ std::string HostedPanel::noteOnDriver() const {
   return isAnythingOn ? publishing::noteOnDriver(*printer_) : std::string();
 }
 
-void HostedPanel::showReasons(const DialogPlaces& places) {
+void HostedPanel::showReasons(const DialogPlaces& places, const JobSheets& sheets) {
   offerAgain(*panel_, controls_);
   withholdNone(*panel_, *printer_, controls_);
   const std::string against = reasonAgainstFeatures(job_, ticket_, *printer_, places);
   publishing::showReasons(*bundle_, controls_, *panel_, *printer_, against, places);
+  list_.show(listRules(), sheets, reasonAgainstList(*panel_, against));
 }
 
 }  // namespace publishing

@@ -22,6 +22,7 @@
 #include "shells/DialogPlaces.h"
 #include "shells/HostBundle.h"
 #include "shells/PageListFault.h"
+#include "shells/PageListField.h"
 #include "shells/PanelControls.h"
 #include "shells/PanelWish.h"
 #include "shells/TicketCallback.h"
@@ -151,8 +152,9 @@ class HostedPanel {
   // Wants and remembers it again. Throws PrintError as StoredSettings::store, with nothing done.
   void bringBack(const Forgotten& before);
 
-  // Sets the tooltips of the controls that cannot be used.
-  void showReasons(const DialogPlaces& places);
+  // Sets the tooltips of the controls that cannot be used, and says at the page list what is wrong
+  // with it. `sheets` is what sheets() answers now.
+  void showReasons(const DialogPlaces& places, const JobSheets& sheets);
 
   // Opens the help book; false when no viewer could be started.
   bool showHelp() { return !panel_->shouldShowHelp(); }
@@ -171,6 +173,7 @@ class HostedPanel {
   void want(const PanelWish& wish);
   void leaveOutMediaOff(JobTicket::Options& settings) const;
   [[nodiscard]] std::optional<PageListFault> faultInList() const;
+  [[nodiscard]] PageListRules listRules() const;
   [[nodiscard]] bool isShownOn(const PublishingFeature& feature) const;
   [[nodiscard]] bool isForbidden(const PublishingFeature& feature) const;
   [[nodiscard]] std::string mediumOf(const PublishingFeature& feature) const;
@@ -186,6 +189,7 @@ class HostedPanel {
   PublishingPDEPlugin plugin_;
   std::shared_ptr<PublishingPDE> panel_;
   PanelControls controls_;
+  PageListField list_;
   std::map<std::string, std::string> dialogMedia_;  // by PPD option, as the dialog had them last
   std::map<std::string, std::string> givenMedia_;   // by PPD option, what media() answered last
   std::map<std::string, Media> media_;              // by PPD option

@@ -52,6 +52,11 @@ std::string reasonAgainstFeatures(const DialogJob& dialog, const JobTicket& job,
   return {};
 }
 
+std::string reasonAgainstList(const PublishingPDE& panel, const std::string& against) {
+  if (panel.state().pageinsertEnableState == 1) return {};
+  return against.empty() ? translated(kNeedsSheets) : against;
+}
+
 void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
                  const Printer& printer, const std::string& against, const DialogPlaces& places) {
   const auto needs = [&against](bool featureOn, const char* feature, const char* otherwise) {
@@ -87,8 +92,6 @@ void showReasons(HostBundle& bundle, const PanelControls& controls, const Publis
   explainBox(outlet::CmBackInside, needs(covers, kNeedsCovers, kNeedsBackCover));
 
   explainBox(outlet::PiCheckBox, against);
-  explain(outlet::PiPageNum, controls.textField(outlet::PiPageNum),
-          needs(sheets, kNeedsSheets, ""));
   explainMedia(kPageInsert, needs(sheets, kNeedsSheets, ""), kUntickSheets);
   explainBox(outlet::PiPrintOnFront, needs(sheets, kNeedsSheets, ""));
   explainBox(outlet::PiPrintOnBack, needs(sheets, kNeedsSheets, places.needsTwoSided));

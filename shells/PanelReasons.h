@@ -19,9 +19,12 @@ namespace publishing {
 std::string reasonAgainstFeatures(const DialogJob& dialog, const JobTicket& job,
                                   const Printer& printer, const DialogPlaces& places);
 
+// Why no page list can be typed; empty when one can.
+std::string reasonAgainstList(const PublishingPDE& panel, const std::string& against);
+
 // Says in the tooltip of each disabled control what it needs, and in those of the media pop-ups why
-// some items are greyed out; a control that can be used has no such tooltip. `against` is what
-// reasonAgainstFeatures says.
+// some items are greyed out; a control that can be used has no such tooltip. The field of the page
+// list is left out. `against` is what reasonAgainstFeatures says.
 void showReasons(HostBundle& bundle, const PanelControls& controls, const PublishingPDE& panel,
                  const Printer& printer, const std::string& against, const DialogPlaces& places);
 

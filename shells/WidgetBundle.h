@@ -65,6 +65,10 @@ class WidgetBundle : public HostBundle {
     if (interface() != nullptr) interface()->setTooltip(outlet, text);
   }
 
+  void setNote(std::string_view outlet, const FieldNote& note) override {
+    if (interface() != nullptr) interface()->setNote(outlet, note);
+  }
+
   void separateItem(std::string_view outlet, std::int64_t index) override {
     auto* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
     if (menu != nullptr) menu->separateItem(index);

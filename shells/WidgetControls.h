@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "Publishing/platform/InterfaceOwner.h"
+#include "shells/FieldNote.h"
 #include "shells/InterfaceBinder.h"
 
 namespace publishing {
@@ -16,7 +17,7 @@ namespace publishing {
 // The controls of an interface description on a toolkit's widgets, by the names of their outlets:
 // what is the same for each toolkit, whose classes of controls these are.
 template <class CheckBoxType, class RadioMatrixType, class PopUpButtonType, class TextFieldType,
-          class TabViewType>
+          class TabViewType, class FieldNoteType>
 class WidgetControls {
  public:
   // A control by its outlet's name; null when there is none of this name and kind.
@@ -37,6 +38,12 @@ class WidgetControls {
         if (changed) changed(name);
       });
     });
+  }
+
+  // See HostBundle::setNote. The room for it is the label that is named after the field, with
+  // "Hint" behind it.
+  void setNote(std::string_view name, const FieldNote& note) {
+    if (FieldNoteType* shown = find(notes_, name)) shown->show(note);
   }
 
   // See HostBundle::revealText.
@@ -77,6 +84,7 @@ class WidgetControls {
   ByName<RadioMatrixType> radioMatrices_;
   ByName<PopUpButtonType> popUpButtons_;
   ByName<TextFieldType> textFields_;
+  ByName<FieldNoteType> notes_;
   ByName<TabViewType> tabViews_;
 
  private:

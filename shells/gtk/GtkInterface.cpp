@@ -28,6 +28,11 @@ GtkInterface::GtkInterface(BuiltInterface built) : built_(std::move(built)) {
   for (const GSList* object = objects; object != nullptr; object = object->next)
     addObject(G_OBJECT(object->data));
   g_slist_free(objects);
+  for (const auto& [name, field] : textFields_) {
+    GObject* room = gtk_builder_get_object(builder_.get(), (name + "Hint").c_str());
+    if (room == nullptr) continue;
+    notes_[name] = std::make_unique<GtkFieldNote>(GTK_ENTRY(field->widget()), GTK_LABEL(room));
+  }
 }
 
 void GtkInterface::addObject(GObject* object) {

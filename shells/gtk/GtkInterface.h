@@ -10,6 +10,7 @@
 #include "Publishing/platform/InterfaceOwner.h"
 #include "shells/WidgetControls.h"
 #include "shells/gtk/GtkControls.h"
+#include "shells/gtk/GtkFieldNote.h"
 #include "shells/gtk/GtkTextField.h"
 #include "shells/gtk/InterfaceBuilder.h"
 
@@ -20,8 +21,8 @@ namespace publishing {
 // What is an outlet follows from the description: every check button, combo box, entry and notebook
 // that has an id, every box of radio buttons that has an id, and "pdeView", the view. Handlers of
 // their signals are actions of the owner.
-class GtkInterface
-    : public WidgetControls<GtkCheckBox, GtkRadioMatrix, GtkPopUpButton, GtkTextField, GtkTabView> {
+class GtkInterface : public WidgetControls<GtkCheckBox, GtkRadioMatrix, GtkPopUpButton,
+                                           GtkTextField, GtkTabView, GtkFieldNote> {
  public:
   // `description` is GtkBuilder XML; nothing, with the reason in the log, when it is not.
   static std::unique_ptr<GtkInterface> make(const char* description, gssize length);

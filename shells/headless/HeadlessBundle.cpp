@@ -27,6 +27,11 @@ void HeadlessBundle::setTooltip(std::string_view outlet, const std::string& text
   if (interface() != nullptr) interface()->setTooltip(outlet, text);
 }
 
+void HeadlessBundle::setNote(std::string_view outlet, const FieldNote& note) {
+  HeadlessTextField* field = interface() != nullptr ? interface()->textField(outlet) : nullptr;
+  if (field != nullptr) field->setNote(note);
+}
+
 void HeadlessBundle::separateItem(std::string_view outlet, std::int64_t index) {
   HeadlessPopUpButton* menu = interface() != nullptr ? interface()->popUpButton(outlet) : nullptr;
   if (menu != nullptr) menu->separateItem(index);

@@ -29,6 +29,7 @@ class HeadlessBundle final : public HostBundle, private AlertPanel {
   [[nodiscard]] AlertPanel& alertPanel() override { return *this; }
   void setUserChanged(UserChanged changed) override { changed_ = std::move(changed); }
   void setTooltip(std::string_view outlet, const std::string& text) override;
+  void setNote(std::string_view outlet, const FieldNote& note) override;
   void separateItem(std::string_view outlet, std::int64_t index) override;
   void setAlertDetail(const std::string& detail) override { alertDetail_ = detail; }
   void revealText(std::string_view outlet, std::size_t first, std::size_t length) override;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Publishing/platform/Controls.h"
+#include "shells/FieldNote.h"
 
 namespace publishing {
 
@@ -124,6 +125,10 @@ class HeadlessTextField final : public HeadlessControl<TextField> {
   void select(std::size_t first, std::size_t length) { selected_ = value_.substr(first, length); }
   [[nodiscard]] const std::optional<std::string>& selected() const { return selected_; }
 
+  // What is said below the field.
+  [[nodiscard]] const FieldNote& note() const { return note_; }
+  void setNote(const FieldNote& note) { note_ = note; }
+
   // Empties the field, then types the text character by character. A character that the formatter
   // refuses is left out.
   void type(const std::string& text);
@@ -131,6 +136,7 @@ class HeadlessTextField final : public HeadlessControl<TextField> {
  private:
   std::string value_;
   std::optional<std::string> selected_;
+  FieldNote note_;
   std::shared_ptr<const Formatter> formatter_;
 };
 

@@ -63,6 +63,12 @@ QWidget* makeLabel(const InterfaceObject& object) {
   }
   if (object.isTrue("wrap")) wrap(*label, object.number("max-width-chars"));
   setMargins(*label, object);
+  if (object.property("yalign") == "0") label->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+  if (const int lines = object.number("lines"); lines > 0) {
+    const QMargins margins = label->contentsMargins();
+    label->setFixedHeight(lines * label->fontMetrics().lineSpacing() + margins.top() +
+                          margins.bottom());
+  }
   return label;
 }
 

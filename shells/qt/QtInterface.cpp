@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/qt/QtInterface.h"
 
+#include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
 #include <stdexcept>
@@ -59,6 +60,8 @@ void QtInterface::addControl(const InterfaceWidgets::Made& made) {
     popUpButtons_[name] = std::make_unique<QtPopUpButton>(comboBox);
   } else if (auto* field = qobject_cast<QLineEdit*>(made.widget)) {
     textFields_[name] = std::make_unique<QtTextField>(field);
+    auto* room = widgets_.root()->findChild<QLabel*>(field->objectName() + "Hint");
+    if (room != nullptr) notes_[name] = std::make_unique<QtFieldNote>(field, room);
   } else if (auto* tabs = qobject_cast<QTabWidget*>(made.widget)) {
     tabViews_[name] = std::make_unique<QtTabView>(tabs);
   }

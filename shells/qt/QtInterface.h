@@ -10,6 +10,7 @@
 #include "shells/WidgetControls.h"
 #include "shells/qt/InterfaceWidgets.h"
 #include "shells/qt/QtControls.h"
+#include "shells/qt/QtFieldNote.h"
 #include "shells/qt/QtTextField.h"
 
 namespace publishing {
@@ -19,8 +20,8 @@ namespace publishing {
 // What is an outlet follows from the description: every check button, combo box, entry and notebook
 // that has an id, every box of radio buttons that has an id, and "pdeView", the view. Handlers of
 // their signals are actions of the owner.
-class QtInterface
-    : public WidgetControls<QtCheckBox, QtRadioMatrix, QtPopUpButton, QtTextField, QtTabView> {
+class QtInterface : public WidgetControls<QtCheckBox, QtRadioMatrix, QtPopUpButton, QtTextField,
+                                          QtTabView, QtFieldNote> {
  public:
   // `description` is GtkBuilder XML; nothing, with the reason in the log, when it is not, or when
   // it needs widgets that are not known here.

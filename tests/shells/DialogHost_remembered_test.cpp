@@ -118,7 +118,7 @@ TEST_F(DialogHostFaultyListTest, DoesNotBlockAUserWhoDoesNotLook) {
   dialog.acceptsLosses = true;
   EXPECT_TRUE(dialog.print());
   EXPECT_THAT(dialog.alerts,
-              ElementsAre(AllOf(HasSubstr("(5,1)"), HasSubstr("“1” is not between page 2"))));
+              ElementsAre(AllOf(HasSubstr("(5,1)"), HasSubstr("“1”: page 2 is the lowest"))));
   EXPECT_EQ(dialog.handedOver["VtPageinsertState"], "Off");
   EXPECT_EQ(dialog.handedOver["VtCoverModeState"], "On");
   EXPECT_THAT(dialog.handedOver, Not(Contains(Pair("PageMediaType", "Recycled"))));
@@ -143,8 +143,9 @@ TEST_F(DialogHostFaultyListTest, AlertSaysWhichEntryIsWrongAndLeadsThere) {
   box("PiCheckBox").click();
   pages().type("5,14-12,8");
   EXPECT_FALSE(dialog.print());
-  EXPECT_THAT(dialog.alerts, ElementsAre(AllOf(HasSubstr("The ending page number of range"),
-                                               HasSubstr("“14-12” does not lead"))));
+  EXPECT_THAT(dialog.alerts,
+              ElementsAre(AllOf(HasSubstr("The ending page number of range"),
+                                HasSubstr("“14-12”: the last page can be 15 to 22"))));
   EXPECT_EQ(pages().selected(), "14-12");
 }
 

@@ -39,6 +39,10 @@ void draw(const std::string& queue, const std::string& prefix, const char* duple
   drawWindow(GTK_WINDOW(user.dialog()), prefix + "cover.png");
   chooseSheets(user);
   drawWindow(GTK_WINDOW(user.dialog()), prefix + "insert.png");
+  user.type("5,12-30");
+  drawWindow(GTK_WINDOW(user.dialog()), prefix + "fault.png");
+  user.type("5,12-14,30");
+  drawWindow(GTK_WINDOW(user.dialog()), prefix + "remark.png");
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: Apache-2.0
 """What a user does with the panel in any program's print dialog, and what must come of it."""
 
-from dialog_user import check, wait_for
+from dialog_user import Atspi, check, descendants, wait_for
 
 TICKS = ("Add covers to the document", "Outside of the front cover",
          "Add sheets between the pages", "Front of the inserted sheets")
-ALERT = ("You can only enter page numbers between 2 and 511.\n\n"
-         "“1” is not between page 2 and page 511.")
+FAULT = "“1”: page 2 is the lowest."
+ALERT = "You can only enter page numbers between 2 and 511.\n\n" + FAULT
 CHOICES = (b"CoverMediaType Thick", b"PageMediaType Recycled")
 OPTIONS = ("VtCoverModeState=On", "VtCoverModeValue=1", "VtCovermodeRadioButtonState=2",
            "VtCmIndex=3", "VtUnspecified=1", "VtPageinsertState=On", "VtPageinsertValue=1",
@@ -28,15 +28,35 @@ def choose(dialog, pages):
     dialog.type_pages(pages)
 
 
+def check_fault_is_said(dialog):
+    """What is wrong with the list is there before Print is pressed, and belongs to the field."""
+    entry = dialog.labelled("text", "Before pages:")
+    wait_for("the fault as the field's description", lambda: entry.get_description() == FAULT,
+             entry.get_description)
+    check(any(node.get_role_name() == "label" and node.get_name() == FAULT
+              for node in descendants(dialog.root())), "the fault is not shown below the field")
+
+
+def check_fault_is_selected(dialog):
+    """The keyboard is on the field, and typing replaces what is wrong."""
+    entry = dialog.labelled("text", "Before pages:")
+    wait_for("the keyboard on the field",
+             lambda: entry.get_state_set().contains(Atspi.StateType.FOCUSED))
+    selected = Atspi.Text.get_selection(entry, 0)
+    check((selected.start_offset, selected.end_offset) == (4, 5), "the fault is not selected")
+
+
 def print_after_refusal(program, dialog, server):
     """Prints with a bad page list, which keeps the dialog open, and then with a good one."""
     before = server.jobs()
     choose(dialog, "5,8,1")
+    check_fault_is_said(dialog)
     dialog.press("Print")
     program.alert().find("label", ALERT)
     program.alert().press("OK")
     wait_for("the alert to go", lambda: program.alert().root() is None)
     check(dialog.pages() == "5,8,1", "the list is not as typed after the alert")
+    check_fault_is_selected(dialog)
     check(server.jobs() == before, "something was printed with a bad list")
     dialog.type_pages("5,8,12-14")
     dialog.press("Print")

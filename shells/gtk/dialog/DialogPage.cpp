@@ -7,6 +7,7 @@
 #include "base/Translation.h"
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
+#include "shells/gtk/LineHeight.h"
 #include "shells/gtk/Toolkit.h"
 
 namespace publishing {
@@ -18,15 +19,6 @@ constexpr const char* kMark = " ✓";
 constexpr int kSpacing = 12;
 constexpr int kMessageWidth = 50;  // characters
 constexpr int kSummaryLines = 3;
-
-// How high that many lines are in the widget's font.
-int heightOfLines(GtkWidget* widget, int lines) {
-  const std::string text(static_cast<std::size_t>(lines - 1), '\n');
-  const GObjectPtr<PangoLayout> layout(gtk_widget_create_pango_layout(widget, text.c_str()));
-  int height = 0;
-  pango_layout_get_pixel_size(layout.get(), nullptr, &height);
-  return height;
-}
 
 }  // namespace
 

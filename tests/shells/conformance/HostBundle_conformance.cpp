@@ -82,6 +82,21 @@ TEST_P(ShellConformance, AlertsHaveTheHostsDetailBelowTheMessage) {
                                              Alert{"Title", "Message", "OK"}));
 }
 
+TEST_P(ShellConformance, NotesAreNoGesturesAndLeaveTheTextAlone) {
+  int changes = 0;
+  bundle().setUserChanged([&](const auto&) { ++changes; });
+  load();
+  pageField().setStringValue("1");
+  using Kind = FieldNote::Kind;
+  for (const Kind kind : {Kind::Hint, Kind::Remark, Kind::Unfinished, Kind::Fault, Kind::Hint})
+    bundle().setNote("PiPageNum", {kind, "100 %s <b> \xff"});
+  bundle().setNote("Unknown", {Kind::Fault, "wrong"});
+  bundle().setNote("CmCheckBox", {Kind::Fault, "wrong"});
+  EXPECT_EQ(changes, 0);
+  EXPECT_THAT(owner().sent, testing::IsEmpty());
+  EXPECT_EQ(pageField().stringValue(), "1");
+}
+
 TEST_P(ShellConformance, RevealedTextIsNoGesture) {
   int changes = 0;
   bundle().setUserChanged([&](const std::string&) { ++changes; });

@@ -44,7 +44,7 @@ TEST_F(PrintDialogRememberedTest, AlertLeadsToTheFaultOnItsTab) {
   EXPECT_FALSE(user.print());
   ASSERT_THAT(user.alerts, SizeIs(1));
   EXPECT_THAT(user.alerts[0].message, AllOf(HasSubstr("bigger than the beginning page number"),
-                                            HasSubstr("“14-12” does not lead")));
+                                            HasSubstr("“14-12”: the last page can be 15 to 22")));
   EXPECT_EQ(user.frontTab(), "Publishing");
   EXPECT_EQ(user.frontPanelTab(), 1);
   EXPECT_EQ(user.selection("PiPageNum"), "14-12");
@@ -84,7 +84,7 @@ TEST_F(PrintDialogRememberedTest, FaultyListDoesNotBlockAUserWhoDoesNotLook) {
   user.choosePrinterOnly("Office");
   EXPECT_TRUE(user.print());
   ASSERT_THAT(user.alerts, SizeIs(1));
-  EXPECT_THAT(user.alerts[0].message, HasSubstr("“1” is not between page 2 and page 511"));
+  EXPECT_THAT(user.alerts[0].message, HasSubstr("“1”: page 2 is the lowest"));
   EXPECT_EQ(user.setting("cups-VtPageinsertState"), "Off");
   EXPECT_EQ(user.setting("cups-PageMediaType"), "PrnDef");
   EXPECT_EQ(StoredSettings().load("Office").values["VtPageinsertNums"], "5,1");
