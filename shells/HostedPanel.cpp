@@ -45,9 +45,9 @@ HostedPanel::HostedPanel(std::unique_ptr<Printer> printer, const DialogJob& job,
       bundle_(std::move(bundle)),
       panel_(panelOf(plugin_, bundle_, std::make_shared<TicketCallback>(*printer_, ticket_))),
       controls_(*panel_),
+      list_(*bundle_, controls_),
       mayRemember_(mayRemember),
-      remembers_(mayRemember),
-      list_(*bundle_, controls_) {
+      remembers_(mayRemember) {
   bundle_->setUserChanged(std::move(changed));
   for (const PublishingFeature& feature : kFeatures) {
     const auto chosen = job.options.find(feature.option);
@@ -121,6 +121,7 @@ View* HostedPanel::open(const DialogJob& job) {
   takeJob(untouched);
   View* view = panel_->panelView();
   if (view == nullptr) return nullptr;
+  list_.takeOver();
   separateTrays();
   showWish();
   return view;

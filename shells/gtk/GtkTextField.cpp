@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/gtk/GtkTextField.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
 #include "shells/DisplayText.h"
 #include "shells/Guarded.h"
-#include "shells/RefusalMessage.h"
 #include "shells/gtk/Toolkit.h"
 
 namespace publishing {
@@ -21,7 +21,7 @@ std::size_t byteOfCharacter(const std::string& text, gint character) {
 
 }  // namespace
 
-GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)), refusal_(entry) {
+GtkTextField::GtkTextField(GtkEntry* entry) : GtkControl(GTK_WIDGET(entry)) {
   GtkWidget* edited = toolkit::editedPartOf(entry);
   handlers().connect(edited, "insert-text", G_CALLBACK(&GtkTextField::insertText), this);
   handlers().connect(edited, "delete-text", G_CALLBACK(&GtkTextField::deleteText), this);
@@ -79,15 +79,17 @@ gboolean GtkTextField::forget(gpointer self) {
   return G_SOURCE_REMOVE;
 }
 
-bool GtkTextField::mayBecome(const std::string& edited) {
+bool GtkTextField::mayBecome(const std::string& edited, glong behind) {
   std::string shown = edited;
   if (!formatter_->isPartialStringValid(edited, shown)) {
     if (beforeDeletion_) restore(*beforeDeletion_);
+    gtk_widget_error_bell(widget());
     return false;
   }
   if (shown == edited) return true;
   show(displayText(shown));
-  gtk_editable_set_position(editable(), -1);
+  const glong length = g_utf8_strlen(toolkit::textOf(entry()).c_str(), -1);
+  gtk_editable_set_position(editable(), static_cast<gint>(std::max(length - behind, 0L)));
   tellUserChanged();
   return false;
 }
@@ -95,12 +97,10 @@ bool GtkTextField::mayBecome(const std::string& edited) {
 bool GtkTextField::mayInsert(std::string_view text, gint position) {
   if (formatter_ == nullptr) return true;
   std::string edited = toolkit::textOf(entry());
-  edited.insert(byteOfCharacter(edited, position), text);
-  std::string corrected = edited;
-  const bool isRefused = !formatter_->isPartialStringValid(edited, corrected);
-  const bool goesOn = mayBecome(edited);
-  if (isRefused) refusal_.show(refusalMessage(std::string(text)));
-  return goesOn;
+  const std::size_t place = byteOfCharacter(edited, position);
+  const glong behind = g_utf8_strlen(edited.c_str() + place, -1);
+  edited.insert(place, text);
+  return mayBecome(edited, behind);
 }
 
 bool GtkTextField::mayDelete(gint start, gint end) {
@@ -108,7 +108,7 @@ bool GtkTextField::mayDelete(gint start, gint end) {
   std::string edited = toolkit::textOf(entry());
   const std::size_t first = byteOfCharacter(edited, start);
   edited.erase(first, byteOfCharacter(edited, end) - first);
-  if (!mayBecome(edited)) return false;
+  if (!mayBecome(edited, g_utf8_strlen(edited.c_str() + first, -1))) return false;
   rememberUntilNextEvent();
   return true;
 }

@@ -9,13 +9,12 @@
 #include <gtk/gtk.h>
 
 #include "shells/gtk/GtkControls.h"
-#include "shells/gtk/RefusalHint.h"
 
 namespace publishing {
 
 // On a GtkEntry. Every insertion and deletion is first shown to the formatter as the text that it
-// would make; a refused one leaves the text as it was. Typing or pasting over a selection is one
-// edit, although GTK makes it two. An insertion that is refused is seen to be refused.
+// would make; a refused one leaves the text as it was and rings the bell. Typing or pasting over a
+// selection is one edit, although GTK makes it two.
 class GtkTextField final : public GtkControl<TextField> {
  public:
   explicit GtkTextField(GtkEntry* entry);
@@ -29,9 +28,6 @@ class GtkTextField final : public GtkControl<TextField> {
   // from `first` on.
   void select(std::size_t first, std::size_t length);
 
-  // What the field says of an insertion that was refused last; empty for nothing.
-  [[nodiscard]] std::string refusal() const { return refusal_.text(); }
-
  private:
   struct Content {
     std::string text;
@@ -44,8 +40,9 @@ class GtkTextField final : public GtkControl<TextField> {
   void restore(const Content& content);
   void rememberUntilNextEvent();
 
-  // Whether the edit may go on as GTK makes it.
-  bool mayBecome(const std::string& edited);
+  // Whether the edit may go on as GTK makes it. `behind` is how many characters follow the place of
+  // the edit: the cursor stays before them when the formatter has another text.
+  bool mayBecome(const std::string& edited, glong behind);
   bool mayInsert(std::string_view text, gint position);
   bool mayDelete(gint start, gint end);
 
@@ -55,7 +52,6 @@ class GtkTextField final : public GtkControl<TextField> {
   static gboolean forget(gpointer self);
 
   std::shared_ptr<const Formatter> formatter_;
-  RefusalHint refusal_;
 
   // The text set last from code, and how the entry shows it: the entry holds valid UTF-8 of
   // limited length only.

@@ -73,11 +73,6 @@ GtkWidget* editedPartOf(GtkEntry* entry);
 // To be called before the list has too many items for a menu.
 void showAsList(GtkComboBox* comboBox);
 
-// A popover below the field that takes neither clicks nor keys away from it, hidden at first; to be
-// destroyed before the field.
-GtkPopover* newHint(GtkWidget* field, GtkWidget* content);
-void destroyHint(GtkPopover* hint);
-
 // When the user did what is being dealt with; for windows of other programs.
 [[nodiscard]] guint32 eventTime();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shells/qt/QtTextField.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shells/qt/QtText.h"
@@ -46,7 +47,9 @@ void QtTextField::edited(const QString& text) {
     if (!formatter_->isPartialStringValid(partial, corrected)) return show(before_, cursorBefore_);
     if (corrected != partial) {
       const QString correctedText = shownText(corrected);
-      show(correctedText, static_cast<int>(correctedText.size()));
+      const auto behind = text.size() - field_->cursorPosition();
+      show(correctedText,
+           static_cast<int>(std::max(correctedText.size() - behind, decltype(behind){0})));
     }
   }
   before_ = field_->text();

@@ -90,6 +90,43 @@ TEST_F(PageListFieldTest, SaysNothingOfAListThatTheLayoutSwitchedOff) {
   EXPECT_EQ(note().kind, Kind::Fault);
 }
 
+TEST_F(PageListFieldTest, WritesWhatIsTypedOrPastedAsAPageList) {
+  box("PiCheckBox").click();
+  for (const char* typed : {"5, 8, 12–14", "5 8 12—14", "５，８，１２～１４", "5;8;12-14"}) {
+    EXPECT_EQ(noteOn(typed).kind, Kind::Hint);
+    EXPECT_EQ(pages().stringValue(), "5,8,12-14") << typed;
+  }
+}
+
+TEST_F(PageListFieldTest, SaysWhichCharactersItRefused) {
+  box("PiCheckBox").click();
+  EXPECT_THAT(noteOn("5x"), (FieldNote{Kind::Remark,
+                                       "“x” was not accepted. Pages are written with digits, “,” "
+                                       "between them and “-” for a range: 5,8,12-14"}));
+  EXPECT_EQ(pages().stringValue(), "5");
+  EXPECT_EQ(pages().tooltip(), note().text);
+}
+
+TEST_F(PageListFieldTest, RefusalIsReadUntilTheUserDoesSomethingElse) {
+  box("PiCheckBox").click();
+  EXPECT_THAT(noteOn("5x8").text, StartsWith("“x” was not accepted"));
+  box("PiPrintOnFront").click();
+  EXPECT_EQ(note().kind, Kind::Hint);
+  // A list that will not be accepted is more important.
+  EXPECT_THAT(noteOn("x600").text, StartsWith("“600”"));
+  EXPECT_EQ(noteOn("600x").kind, Kind::Fault);
+  EXPECT_EQ(noteOn("5").kind, Kind::Hint);
+}
+
+TEST_F(PageListFieldTest, OutlivesNoPanel) {
+  box("PiCheckBox").click();
+  HeadlessTextField& field = pages();
+  const auto bundle = dialog.bundle();
+  dialog.loseHost();
+  field.type("5x");
+  EXPECT_EQ(field.stringValue(), "5");
+}
+
 // Lists near the limits of everything that the panel looks at.
 class RandomLists {
  public:

@@ -48,6 +48,7 @@ class TinyDialog final : public ToolkitDialog {
   void loseHost() { host_.reset(); }
 
   // The panel's controls for gestures; the panel must have been shown.
+  [[nodiscard]] std::shared_ptr<HostBundle> bundle() const { return bundle_; }
   [[nodiscard]] HeadlessInterface& panel() const { return *bundle_->interface(); }
 
   // --- what is seen ---

@@ -115,19 +115,6 @@ void showAsList(GtkComboBox* comboBox) {
   g_signal_emit_by_name(comboBox, "style-updated");  // at once, before there are items
 }
 
-GtkPopover* newHint(GtkWidget* field, GtkWidget* content) {
-  GtkWidget* popover = gtk_popover_new(field);
-  gtk_popover_set_modal(GTK_POPOVER(popover), FALSE);
-  gtk_popover_set_position(GTK_POPOVER(popover), GTK_POS_BOTTOM);
-  gtk_container_add(GTK_CONTAINER(popover), content);
-  gtk_widget_show(content);
-  return GTK_POPOVER(popover);
-}
-
-void destroyHint(GtkPopover* hint) {
-  gtk_widget_destroy(GTK_WIDGET(hint));
-}
-
 guint32 eventTime() {
   return gtk_get_current_event_time();
 }

@@ -143,20 +143,6 @@ GtkWidget* editedPartOf(GtkEntry* entry) {
 // Menus scroll.
 void showAsList(GtkComboBox* /*comboBox*/) {}
 
-GtkPopover* newHint(GtkWidget* field, GtkWidget* content) {
-  GtkWidget* popover = gtk_popover_new();
-  gtk_popover_set_autohide(GTK_POPOVER(popover), FALSE);
-  gtk_popover_set_position(GTK_POPOVER(popover), GTK_POS_BOTTOM);
-  gtk_widget_set_can_focus(popover, FALSE);
-  gtk_popover_set_child(GTK_POPOVER(popover), content);
-  gtk_widget_set_parent(popover, field);
-  return GTK_POPOVER(popover);
-}
-
-void destroyHint(GtkPopover* hint) {
-  gtk_widget_unparent(GTK_WIDGET(hint));
-}
-
 guint32 eventTime() {
   return GDK_CURRENT_TIME;
 }

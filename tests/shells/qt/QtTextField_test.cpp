@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,24 @@ TEST_F(QtTextFieldTest, RefusedKeystrokeLeavesTheCursorWhereItWas) {
   EXPECT_EQ(line.cursorPosition(), 2);
   pressKey(&line, Qt::Key_7, "7");
   EXPECT_EQ(field.stringValue(), "3,75,9");
+}
+
+// A formatter that writes every blank as a comma.
+class CommasForBlanks final : public Formatter {
+ public:
+  bool isPartialStringValid(const std::string& partial, std::string& shown) const override {
+    shown = partial;
+    std::replace(shown.begin(), shown.end(), ' ', ',');
+    return true;
+  }
+};
+
+TEST_F(QtTextFieldTest, CursorStaysBehindWhatTheFormatterRewrote) {
+  field.setFormatter(std::make_shared<CommasForBlanks>());
+  field.setStringValue("3,9");
+  line.setCursorPosition(1);
+  EXPECT_EQ(paste(" 5 7"), "3,5,7,9");
+  EXPECT_EQ(line.cursorPosition(), 5);
 }
 
 TEST_F(QtTextFieldTest, TextFromCodeComesBackAsItWasGiven) {
