@@ -53,9 +53,7 @@ GtkRadioMatrix::GtkRadioMatrix(GtkWidget* container) : GtkControl(container) {
     handlers().connect(button, "clicked", G_CALLBACK(&GtkRadioMatrix::dealtWith),
                        cells_.back().get(), G_CONNECT_AFTER);
   }
-  noCell_ = shareGObject(
-      toolkit::newRadioButton(cells_.empty() ? nullptr : cells_.front()->button.get()));
-  activate(noCell_.get());
+  turnAllOff();
 }
 
 std::int64_t GtkRadioMatrix::selectedColumn() const {
@@ -74,7 +72,15 @@ void GtkRadioMatrix::selectCellAtRow(std::int64_t row, std::int64_t column) {
 }
 
 void GtkRadioMatrix::deselectAllCells() {
-  if (allowsEmptySelection_) activate(noCell_.get());
+  if (allowsEmptySelection_) turnAllOff();
+}
+
+// GTK turns the buttons of a group off only for another one, which is no member for long:
+// accessibility tools would count it.
+void GtkRadioMatrix::turnAllOff() {
+  if (cells_.empty()) return;
+  const auto other = shareGObject(toolkit::newRadioButton(cells_.front()->button.get()));
+  activate(other.get());
 }
 
 void GtkRadioMatrix::setAction(GtkCheckButton* button, const char* signal, const Action& action) {

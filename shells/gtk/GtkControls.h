@@ -110,11 +110,11 @@ class GtkRadioMatrix final : public GtkControl<RadioMatrix> {
   };
 
   void activate(GtkCheckButton* button);
+  void turnAllOff();
   static void clicked(GtkCheckButton* button, gpointer cell);
   static void dealtWith(GtkCheckButton* button, gpointer cell);
 
   std::vector<std::unique_ptr<Cell>> cells_;
-  GObjectPtr<GtkCheckButton> noCell_;
   bool allowsEmptySelection_ = false;
 };
 

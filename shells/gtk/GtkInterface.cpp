@@ -29,7 +29,7 @@ GtkInterface::GtkInterface(BuiltInterface built) : built_(std::move(built)) {
     addObject(G_OBJECT(object->data));
   g_slist_free(objects);
   for (const auto& [name, field] : textFields_) {
-    GObject* room = gtk_builder_get_object(builder_.get(), (name + "Hint").c_str());
+    GObject* room = gtk_builder_get_object(built_.builder.get(), (name + "Hint").c_str());
     if (room == nullptr) continue;
     notes_[name] = std::make_unique<GtkFieldNote>(GTK_ENTRY(field->widget()), GTK_LABEL(room));
   }

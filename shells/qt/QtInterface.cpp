@@ -43,6 +43,9 @@ QtInterface::QtInterface(std::vector<InterfaceObject> objects)
     : objects_(std::move(objects)), widgets_(viewOf(objects_)), view_(widgets_.root()) {
   for (const InterfaceWidgets::Made& made : widgets_.made())
     addControl(made);
+  forEachControl([this](const std::string& name, auto& control) {
+    explanations_[name] = control.widget()->accessibleDescription();
+  });
 }
 
 void QtInterface::addControl(const InterfaceWidgets::Made& made) {
@@ -98,8 +101,23 @@ void QtInterface::bindAction(InterfaceBinder& binder, const InterfaceWidgets::Ma
 
 void QtInterface::setTooltip(std::string_view name, const std::string& text) {
   forEachControl([&](const std::string& known, auto& control) {
-    if (known == name) control.widget()->setToolTip(shownTooltip(text));
+    if (known != name) return;
+    QWidget* widget = control.widget();
+    widget->setToolTip(shownTooltip(text));
+    widget->setAccessibleDescription(text.empty() ? explanations_[known] : shownText(text));
   });
+}
+
+void QtInterface::setNote(std::string_view name, const FieldNote& note) {
+  WidgetControls::setNote(name, note);
+  QtTextField* field = textField(name);
+  if (field == nullptr) return;
+  QWidget* widget = field->widget();
+  QString& explanation = explanations_[std::string(name)];
+  if (widget->accessibleDescription() == explanation) {
+    widget->setAccessibleDescription(shownText(note.text));
+  }
+  explanation = shownText(note.text);
 }
 
 }  // namespace publishing

@@ -35,9 +35,12 @@ class QtInterface : public WidgetControls<QtCheckBox, QtRadioMatrix, QtPopUpButt
   // The description's view. A host that shows it takes it out of its dialog before that goes.
   [[nodiscard]] const QtView* view() const { return &view_; }
 
-  // Bytes that are not UTF-8 are shown as U+FFFD; empty for none. Nothing happens when there is no
-  // control of this name.
+  // Bytes that are not UTF-8 are shown as U+FFFD; empty for none. Accessibility tools get it as the
+  // control's description. Nothing happens when there is no control of this name.
   void setTooltip(std::string_view name, const std::string& text);
+
+  // See HostBundle::setNote. The field's note is its description too, unless it has a tooltip.
+  void setNote(std::string_view name, const FieldNote& note);
 
  private:
   explicit QtInterface(std::vector<InterfaceObject> objects);
@@ -48,6 +51,8 @@ class QtInterface : public WidgetControls<QtCheckBox, QtRadioMatrix, QtPopUpButt
   std::vector<InterfaceObject> objects_;
   InterfaceWidgets widgets_;
   QtView view_;
+  // What accessibility tools say of a control that has no tooltip.
+  std::map<std::string, QString> explanations_;
 };
 
 }  // namespace publishing

@@ -46,6 +46,48 @@ TEST_F(PanelAccessibility, EveryControlHasANameOfItsOwnOnItsTab) {
   }
 }
 
+TEST_F(PanelAccessibility, KindsOfCoversAreAllThatTheirGroupHas) {
+  GtkWidget* matrix = stage.shown()->radioMatrix("CmFrontandBackMatrix")->widget();
+  owner.matrix->setAllowsEmptySelection(true);
+  const auto membersOf = [](GtkWidget* cell) {
+    std::set<std::string> names;
+    AtkRelationSet* relations = atk_object_ref_relation_set(gtk_widget_get_accessible(cell));
+    AtkRelation* group = atk_relation_set_get_relation_by_type(relations, ATK_RELATION_MEMBER_OF);
+    GPtrArray* members = atk_relation_get_target(group);
+    for (guint index = 0; index < members->len; ++index) {
+      const gchar* name = atk_object_get_name(ATK_OBJECT(g_ptr_array_index(members, index)));
+      names.insert(name != nullptr ? name : "");
+    }
+    g_object_unref(relations);
+    return names;
+  };
+  const std::set<std::string> kinds = {"Front and back covers", "Front cover only"};
+  for (const std::int64_t column : {-1, 0, 1, -1}) {
+    owner.matrix->selectCellAtRow(0, column);
+    EXPECT_EQ(owner.matrix->selectedColumn(), column);
+    forEachWidget(matrix, [&](GtkWidget* widget) {
+      if (!GTK_IS_RADIO_BUTTON(widget)) return;
+      EXPECT_EQ(membersOf(widget), kinds) << column;
+    });
+  }
+}
+
+TEST_F(PanelAccessibility, ReasonsAndFaultsAreDescriptions) {
+  stage.shown();
+  const auto descriptionOf = [](GtkWidget* widget) {
+    const gchar* text = atk_object_get_description(gtk_widget_get_accessible(widget));
+    return std::string(text != nullptr ? text : "");
+  };
+  GtkWidget* media = stage.shown()->popUpButton("CmMediaType")->widget();
+  for (const char* name : {"CmCheckBox", "CmMediaType", "CmFrontandBackMatrix", "PiPageNum"})
+    stage.bundle()->setTooltip(name, "Tray 2: conflicts");
+  EXPECT_EQ(descriptionOf(media), "Tray 2: conflicts");
+  EXPECT_EQ(descriptionOf(stage.shown()->checkBox("CmCheckBox")->widget()), "Tray 2: conflicts");
+  EXPECT_EQ(descriptionOf(stage.shown()->textField("PiPageNum")->widget()), "Tray 2: conflicts");
+  stage.bundle()->setTooltip("CmMediaType", "");
+  EXPECT_EQ(descriptionOf(media), "");
+}
+
 TEST_F(PanelAccessibility, ExplanationsBelongToTheirControls) {
   const std::map<GtkWidget*, std::string> explained = {
       {stage.shown()->checkBox("CmCheckBox")->widget(), "their own paper"},
