@@ -127,6 +127,12 @@ QtSheetsView::QtSheetsView(QWidget* parent, std::function<void(const std::string
   area_->setAutoFillBackground(false);
 }
 
+// While it has the keyboard's focus, the area would lose it in the base class's destructor and tell
+// a view that is no more.
+QtSheetsView::~QtSheetsView() {
+  delete area_;
+}
+
 QLabel* QtSheetsView::area() const {
   return area_;
 }

@@ -17,6 +17,7 @@ class QtSheetsView final : public QScrollArea {
  public:
   // `say` gets the words of the sheet that the keyboard is on; an empty text when it left.
   QtSheetsView(QWidget* parent, std::function<void(const std::string& words)> say);
+  ~QtSheetsView() override;
 
   // Shows these sheets at once; to those who do not see the picture, it says them in a sentence.
   void showSheets(JobSheets job);

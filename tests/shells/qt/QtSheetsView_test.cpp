@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QFontInfo>
 #include <algorithm>
+#include <memory>
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,20 @@ TEST_F(QtSheetsViewTest, KeysGoFromSheetToSheetAndSayThem) {
   tellFocus(QEvent::FocusOut);
   EXPECT_EQ(said, "");
   EXPECT_EQ(accessible()->text(QAccessible::Name), "Picture of the sheets");
+}
+
+TEST_F(QtSheetsViewTest, CanGoWithTheKeyboardOnASheet) {
+  bool isGoing = false;
+  auto other = std::make_unique<QtSheetsView>(
+      nullptr, [&](const std::string&) { EXPECT_FALSE(isGoing) << "said by a view that is gone"; });
+  other->show();
+  other->showSheets(sheetsOf(kReport, 10));
+  other->activateWindow();
+  other->area()->setFocus();
+  QApplication::processEvents();
+  ASSERT_TRUE(other->area()->hasFocus());
+  isGoing = true;
+  other.reset();
 }
 
 TEST_F(QtSheetsViewTest, WithoutSheetsNoKeyDoesAnything) {
