@@ -16,8 +16,7 @@ from gtk4_user import Gtk4Program  # noqa: E402
 wanted = sys.argv[1] == "with"
 for kind, name in ((Program, "gtk3-demo"), (Gtk4Program, "gtk4-demo")):
     with tempfile.TemporaryDirectory() as folder:
-        program = kind([name, "--run=printing"], os.path.join(folder, "log"),
-                       {"GSK_RENDERER": "cairo"}, folder)
+        program = kind([name, "--run=printing"], os.path.join(folder, "log"), folder=folder)
         dialog = program.window("Print")
         dialog.find("page tab", "General")
         check((dialog.seek("page tab", "Publishing") is not None) == wanted,

@@ -30,9 +30,6 @@ class Gtk4Desk(Desk):
         os.utime(os.path.join(folder, "giomodule.cache"))  # the copy is newer than the copied
         return folder
 
-    def start(self, name, *arguments, **environment):
-        return super().start(name, *arguments, **{"GSK_RENDERER": "cairo", **environment})
-
 
 def libraries_of(program):
     with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as libraries:

@@ -43,7 +43,7 @@ def portal(desk):
     printing = []
 
     def open_dialog():
-        printing[:] = [desk.start("gtk4-print", GDK_DEBUG="portals", GSK_RENDERER="cairo")]
+        printing[:] = [desk.start("gtk4-print", GDK_DEBUG="portals")]
         return dialogs
 
     def wait_for_program(_):
