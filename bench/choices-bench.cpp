@@ -101,7 +101,7 @@ Times measure(const std::string& path) {
     gtk_button_clicked(GTK_BUTTON(box->widget()));
     panel->noteGesture("CmCheckBox");
     panel->media();
-    panel->showReasons(kPlaces);
+    panel->showReasons(kPlaces, panel->sheets(DialogJob(), std::nullopt));
     settle();
   });
   gtk_widget_destroy(window);

@@ -174,7 +174,7 @@ class PanelWithList {
       : bundle_(std::make_shared<HeadlessBundle>(
             [this](const auto&, const std::string& message, const auto&) { alert_ = message; })),
         job_(jobWith(sides)),
-        panel_(std::make_unique<Printer>(Printer::openPPD(ppd)), job_, bundle_,
+        panel_(std::make_unique<Printer>(Printer::openPPD(ppd)), job_, bundle_, false,
                [](const auto&) {}) {
     panel_.open(job_);
     for (const char* name : ticked) {

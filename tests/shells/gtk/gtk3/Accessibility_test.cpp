@@ -65,7 +65,7 @@ TEST_F(PanelAccessibility, KindsOfCoversAreAllThatTheirGroupHas) {
   for (const std::int64_t column : {-1, 0, 1, -1}) {
     owner.matrix->selectCellAtRow(0, column);
     EXPECT_EQ(owner.matrix->selectedColumn(), column);
-    forEachWidget(matrix, [&](GtkWidget* widget) {
+    gestures::forEachWidget(matrix, [&](GtkWidget* widget) {
       if (!GTK_IS_RADIO_BUTTON(widget)) return;
       EXPECT_EQ(membersOf(widget), kinds) << column;
     });
