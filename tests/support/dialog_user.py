@@ -96,6 +96,9 @@ class User:
         wait_for(f"“{node.get_name()}” to stay in its place", place_is_steady, self.describe)
         subprocess.run(["xdotool", "mousemove", *map(str, places[-1]), "click", "1"], check=True)
 
+    def regain_keyboard(self, node):
+        """Gives the node's window the keyboard again when its alert is gone. GTK does that itself."""
+
     def place_of(self, node):
         return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
 

@@ -40,6 +40,7 @@ def check_fault_is_said(dialog):
 def check_fault_is_selected(dialog):
     """The keyboard is on the field, and typing replaces what is wrong."""
     entry = dialog.labelled("text", "Before pages:")
+    dialog.regain_keyboard(entry)
     wait_for("the keyboard on the field",
              lambda: entry.get_state_set().contains(Atspi.StateType.FOCUSED))
     selected = Atspi.Text.get_selection(entry, 0)

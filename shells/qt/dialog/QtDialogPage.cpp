@@ -14,7 +14,7 @@ namespace publishing {
 namespace {
 
 constexpr const char* kMark = " ✓";
-constexpr int kSummaryLines = 3;
+constexpr int kSummaryLines = 4;
 
 }  // namespace
 

@@ -23,6 +23,14 @@ class QtUser(User):
         wait_for(f"“{item}” in “{box_label}”", lambda: self.picked(box_label) == item,
                  self.describe)
 
+    def regain_keyboard(self, node):
+        """As a window manager does; there is none here."""
+        place = self.place_of(node)
+        said = subprocess.run(["xdotool", "mousemove", str(place.x + 1), str(place.y + 1),
+                               "getmouselocation"], check=True, text=True, stdout=subprocess.PIPE)
+        window = said.stdout.rsplit("window:", 1)[1].strip()
+        subprocess.run(["xdotool", "windowfocus", window], check=True)
+
 
 class QtProgram(Program):
     """A running program of Qt."""
