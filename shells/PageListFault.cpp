@@ -170,9 +170,10 @@ class Verdict {
                         shownEntry());
     }
     if (highestLast() == lowest) {
-      return translated("“%s”: the last page can be %d.", shownEntry(), lowest);
+      return translated("“%s”: the range must end at page %d.", shownEntry(), lowest);
     }
-    return translated("“%s”: the last page can be %d to %d.", shownEntry(), lowest, highestLast());
+    return translated("“%s”: the range must end at page %d to %d.", shownEntry(), lowest,
+                      highestLast());
   }
 
   std::string_view text_;

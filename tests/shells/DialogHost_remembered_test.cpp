@@ -145,7 +145,7 @@ TEST_F(DialogHostFaultyListTest, AlertSaysWhichEntryIsWrongAndLeadsThere) {
   EXPECT_FALSE(dialog.print());
   EXPECT_THAT(dialog.alerts,
               ElementsAre(AllOf(HasSubstr("The ending page number of range"),
-                                HasSubstr("“14-12”: the last page can be 15 to 22"))));
+                                HasSubstr("“14-12”: the range must end at page 15 to 22"))));
   EXPECT_EQ(pages().selected(), "14-12");
 }
 

@@ -45,7 +45,7 @@ TEST(PageListNote, HintsAtTheTrueLimits) {
 
 TEST(PageListNote, IsNoFaultWhileTheEntryIsBeingTyped) {
   EXPECT_EQ(noteOnPages("12-", kPlain, {}, 3),
-            (FieldNote{Kind::Unfinished, "“12-”: the last page can be 13 to 21."}));
+            (FieldNote{Kind::Unfinished, "“12-”: the range must end at page 13 to 21."}));
   EXPECT_EQ(noteOnPages("12-,8", kPlain, {}, 3).kind, Kind::Unfinished);
   // The next entry is being typed, or none.
   EXPECT_EQ(noteOnPages("12-,", kPlain, {}, 4).kind, Kind::Fault);

@@ -43,8 +43,9 @@ TEST_F(PrintDialogRememberedTest, AlertLeadsToTheFaultOnItsTab) {
   user.openTab("General");
   EXPECT_FALSE(user.print());
   ASSERT_THAT(user.alerts, SizeIs(1));
-  EXPECT_THAT(user.alerts[0].message, AllOf(HasSubstr("bigger than the beginning page number"),
-                                            HasSubstr("“14-12”: the last page can be 15 to 22")));
+  EXPECT_THAT(user.alerts[0].message,
+              AllOf(HasSubstr("bigger than the beginning page number"),
+                    HasSubstr("“14-12”: the range must end at page 15 to 22")));
   EXPECT_EQ(user.frontTab(), "Publishing");
   EXPECT_EQ(user.frontPanelTab(), 1);
   EXPECT_EQ(user.selection("PiPageNum"), "14-12");
