@@ -18,7 +18,7 @@ constexpr const char* kPanel = "panel";
 constexpr const char* kMark = " ✓";
 constexpr int kSpacing = 12;
 constexpr int kMessageWidth = 50;  // characters
-constexpr int kSummaryLines = 3;
+constexpr int kSummaryLines = 4;
 
 }  // namespace
 
@@ -70,20 +70,18 @@ void DialogPage::addPanel() {
   gtk_stack_add_named(GTK_STACK(content()), panelBox_, kPanel);
 }
 
-// What comes out in words, in as much room whatever it says, and Help.
+// What comes out in words, in as much room whatever it says, and the buttons.
 GtkWidget* DialogPage::makeFoot() {
-  GtkWidget* foot = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kSpacing);
+  GtkWidget* foot = gtk_box_new(GTK_ORIENTATION_VERTICAL, kSpacing);
   summary_ = gtk_label_new(nullptr);
   auto* summary = GTK_LABEL(summary_);
   g_object_set(summary, "wrap", TRUE, nullptr);
-  gtk_label_set_lines(summary, kSummaryLines);
   gtk_label_set_ellipsize(summary, PANGO_ELLIPSIZE_END);
   gtk_label_set_xalign(summary, 0);
   gtk_label_set_yalign(summary, 0);
   gtk_label_set_selectable(summary, TRUE);
   gtk_widget_set_can_focus(summary_, FALSE);
   gtk_widget_set_size_request(summary_, -1, heightOfLines(summary_, kSummaryLines));
-  gtk_widget_set_hexpand(summary_, TRUE);
   gtk_style_context_add_class(gtk_widget_get_style_context(summary_), "dim-label");
   GtkWidget* help = gtk_button_new_with_mnemonic(translated("_Help").c_str());
   const auto clicked = [](GtkButton*, gpointer self) {
@@ -91,12 +89,13 @@ GtkWidget* DialogPage::makeFoot() {
   };
   handlers_.connect(help, "clicked", G_CALLBACK(+clicked), this);
   toolkit::append(GTK_BOX(foot), summary_);
+  GtkWidget* row = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kSpacing);
+  gtk_widget_set_halign(row, GTK_ALIGN_END);
   std::vector<GtkWidget*> buttons = makeButtons_();
   buttons.push_back(help);
-  for (GtkWidget* button : buttons) {
-    gtk_widget_set_valign(button, GTK_ALIGN_START);
-    toolkit::append(GTK_BOX(foot), button);
-  }
+  for (GtkWidget* button : buttons)
+    toolkit::append(GTK_BOX(row), button);
+  toolkit::append(GTK_BOX(foot), row);
   return foot;
 }
 
@@ -197,6 +196,9 @@ void DialogPage::setSummary(const std::string& text) {
 
 // A tooltip has room for what the lines have not.
 void DialogPage::say(const std::string& text) {
+  // GTK counts the lines of each paragraph.
+  const bool hasParagraphs = text.find('\n') != std::string::npos;
+  gtk_label_set_lines(GTK_LABEL(summary_), hasParagraphs ? kSummaryLines / 2 : kSummaryLines);
   gtk_label_set_text(GTK_LABEL(summary_), displayText(text).c_str());
   gtk_widget_set_tooltip_text(summary_, displayText(text).c_str());
 }
