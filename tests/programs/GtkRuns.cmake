@@ -71,7 +71,7 @@ add_custom_target(program-screenshots
     /usr/bin/python3 "${CMAKE_CURRENT_SOURCE_DIR}/extension/program_screenshots.py"
     "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/screenshots"
   VERBATIM)
-add_dependencies(program-screenshots publishing-extension)
+add_dependencies(program-screenshots publishing publishing-extension)
 if(5 IN_LIST PUBLISHING_QT)
   add_dependencies(program-screenshots publishing-qt5-proxy)
 endif()

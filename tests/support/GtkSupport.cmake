@@ -27,8 +27,8 @@ set_target_properties(panel-screenshots PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 add_custom_target(screenshots
   COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/screenshots"
-    "${CMAKE_BINARY_DIR}/tests" "${CMAKE_BINARY_DIR}/screenshots"
-  DEPENDS panel-screenshots gtk3-dialog-screenshots
+    "${CMAKE_BINARY_DIR}" "${CMAKE_BINARY_DIR}/screenshots"
+  DEPENDS panel-screenshots gtk3-dialog-screenshots publishing translations
   VERBATIM)
 
 # The help book's pictures, in the sources.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/GlibHandles.h"
+#include "base/Translation.h"
 #include "shells/gtk/Toolkit.h"
 #include "shells/gtk/dialog/PrintDialogHost.h"
 #include "tests/support/GtkGestures.h"
@@ -85,7 +86,7 @@ void PrintDialogUser::waitUntil(const char* what, const std::function<bool()>& c
 void PrintDialogUser::choosePrinter(const std::string& name) {
   const std::string front = frontTab();
   selectPrinter(name);
-  openTab(kTabName);
+  openTab(translated(kTabName));
   waitUntil("the panel or the reason", [&] { return hasPanel() || !shows("Asking the printer"); });
   GtkStage::settle();
   openTab(front);
@@ -114,7 +115,7 @@ GtkWidget* PrintDialogUser::page() const {
   for (int index = 0; index < gtk_notebook_get_n_pages(tabs()); ++index) {
     GtkWidget* content = gtk_notebook_get_nth_page(tabs(), index);
     const gchar* label = gtk_notebook_get_tab_label_text(tabs(), content);
-    if (tabName(label) == kTabName) return content;
+    if (tabName(label) == translated(kTabName)) return content;
   }
   return nullptr;
 }

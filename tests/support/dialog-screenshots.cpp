@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 
+#include "base/Translation.h"
 #include "shells/ExtensionNames.h"
 #include "tests/support/GtkGestures.h"
 #include "tests/support/Picture.h"
@@ -14,8 +15,10 @@ namespace {
 
 using namespace publishing;
 
+constexpr const char* kToolkitTexts = GTK_MAJOR_VERSION == 3 ? "gtk30" : "gtk40";
+
 void chooseCovers(PrintDialogUser& user) {
-  user.openTab("Publishing");
+  user.openTab(translated("Publishing"));
   user.click("CmCheckBox");
   user.click("CmFrontAndBackCell");
   user.click("CmBackInside");
@@ -55,13 +58,14 @@ int main(int argc, char** argv) {
   }
   if (argc > 3 && std::string(argv[3]) == "--rtl")
     gtk_widget_set_default_direction(GTK_TEXT_DIR_RTL);
+  publishing::bindTranslations();
   const std::string prefix = argv[2];
   try {
     draw(argv[1], prefix + "one-sided-", "None");
     draw(argv[1], prefix + "two-sided-", "DuplexNoTumble");
     PrintDialogUser user;
-    user.choosePrinter("Print to File");
-    user.openTab("Publishing");
+    user.choosePrinter(g_dgettext(kToolkitTexts, "Print to File"));
+    user.openTab(translated("Publishing"));
     drawWindow(GTK_WINDOW(user.dialog()), prefix + "file.png");
   } catch (const std::exception& error) {
     std::cerr << "dialog-screenshots: " << error.what() << '\n';

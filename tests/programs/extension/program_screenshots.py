@@ -19,12 +19,16 @@ from qt_programs_run import open_dialog
 ANIMATIONS = 0.5  # seconds
 
 
-def name_papers(desk, project):
-    """The queue gets papers with ordinary names."""
+def prepare_queue(desk, build, project):
+    """The queue gets papers with ordinary names, and makes covers."""
     ppd = subprocess.run([os.path.join(project, "tests/support/ordinary-ppd")], check=True, text=True,
                          stdout=subprocess.PIPE).stdout
     desk.write("printer.ppd", ppd)
-    desk.server.add_queue("Office", os.path.join(desk.folder, "printer.ppd"))
+    covers = os.path.join(desk.folder, "covers.ppd")
+    subprocess.run([os.path.join(build, "bin/publishing"), "printer", "enable", "--ppd",
+                    os.path.join(desk.folder, "printer.ppd"), "--output", covers], check=True,
+                   stdout=subprocess.DEVNULL)
+    desk.server.add_queue("Office", covers)
 
 
 def draw(dialog, file):
@@ -104,7 +108,7 @@ def main():
             os.chmod(folder, 0o755)
             desk = kind(build, project, folder)
             try:
-                name_papers(desk, project)
+                prepare_queue(desk, build, project)
                 draw_program(desk, os.path.join(pictures, f"{name}.png"))
             finally:
                 desk.server.stop()
