@@ -10,6 +10,9 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 # The PPD interface of libcups is deprecated as a whole and has no successor in libcups 2.
 add_compile_options(-Wno-deprecated-declarations)
 
+# Lines are enough to read a backtrace of the optimised build, and are made faster than the rest.
+add_compile_options($<$<CONFIG:RelWithDebInfo>:-g1>)
+
 # Hardening, on for every build that it does not get in the way of; tests/checks/check-hardening looks
 # for it in what was built.
 include(CheckPIESupported)
