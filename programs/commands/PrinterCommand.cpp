@@ -19,6 +19,7 @@
 #include "printing/covers/CoversCheck.h"
 #include "printing/covers/CoversPPD.h"
 #include "printing/covers/QueueDriver.h"
+#include "printing/ppd/PPDDocument.h"
 #include "programs/commands/Failure.h"
 #include "programs/terminal/Terminal.h"
 
@@ -183,6 +184,8 @@ void writePPD(const std::string& path, const std::string& text) {
 Report changeFile(Action action, const PrinterOptions& options) {
   return reportOn(options.ppd, [&](Report& report) {
     const std::string before = textOfPPD(options.ppd);
+    // That a file is no PPD says more than that it has no trays. Our lines go from any file.
+    if (action != Action::Disable) static_cast<void>(PPDDocument::openText(before, options.ppd));
     report.state = coversStateOf(before);
     const std::string ppd = changed(action, options.ppd, before);
     if (action != Action::Status) writePPD(options.output, ppd);

@@ -107,7 +107,7 @@ TEST_F(PublishingPrinter, NamesFilesThatCannotBeUsed) {
     int status;
   } table[] = {{missing, output_, missing, 3},
                {folder_.path(), output_, folder_.path(), 3},
-               {junk, output_, junk, 1},
+               {junk, output_, "The PPD of " + junk + " cannot be used: line 1", 3},
                {kSample, nowhere, nowhere, 3},
                {kSample, folder_.path(), folder_.path(), 3}};
   for (const auto& row : table) {
