@@ -3,12 +3,11 @@
 // cannot hold.
 #include "shells/gtk/GtkTextField.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include "Publishing/CustomTextFieldFormatter.h"
 #include "shells/gtk/Toolkit.h"
+#include "tests/shells/CommasForBlanks.h"
 #include "tests/support/GtkGestures.h"
 #include "tests/support/GtkStage.h"
 
@@ -62,16 +61,6 @@ TEST_F(GtkTextFieldTest, PasteWithOneBadCharacterIsRefusedAsAWhole) {
   EXPECT_EQ(paste(",5 "), "3");
   EXPECT_EQ(paste(",5"), "3,5");
 }
-
-// A formatter that writes every blank as a comma.
-class CommasForBlanks final : public Formatter {
- public:
-  bool isPartialStringValid(const std::string& partial, std::string& shown) const override {
-    shown = partial;
-    std::replace(shown.begin(), shown.end(), ' ', ',');
-    return true;
-  }
-};
 
 TEST_F(GtkTextFieldTest, CursorStaysBehindWhatTheFormatterRewrote) {
   field.setFormatter(std::make_shared<CommasForBlanks>());

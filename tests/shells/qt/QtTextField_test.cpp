@@ -5,11 +5,11 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <algorithm>
 
 #include <gtest/gtest.h>
 
 #include "Publishing/CustomTextFieldFormatter.h"
+#include "tests/shells/CommasForBlanks.h"
 #include "tests/support/QtStage.h"
 
 namespace publishing {
@@ -61,16 +61,6 @@ TEST_F(QtTextFieldTest, RefusedKeystrokeLeavesTheCursorWhereItWas) {
   pressKey(&line, Qt::Key_7, "7");
   EXPECT_EQ(field.stringValue(), "3,75,9");
 }
-
-// A formatter that writes every blank as a comma.
-class CommasForBlanks final : public Formatter {
- public:
-  bool isPartialStringValid(const std::string& partial, std::string& shown) const override {
-    shown = partial;
-    std::replace(shown.begin(), shown.end(), ' ', ',');
-    return true;
-  }
-};
 
 TEST_F(QtTextFieldTest, CursorStaysBehindWhatTheFormatterRewrote) {
   field.setFormatter(std::make_shared<CommasForBlanks>());
