@@ -16,7 +16,7 @@ namespace publishing {
 namespace {
 
 constexpr const char* kTabName = "Publishing";
-constexpr guint kLongestWait = 20;  // seconds
+constexpr guint kLongestWait = 60;  // seconds
 
 GtkWidget* templateChild(GtkWidget* dialog, const char* id) {
   return GTK_WIDGET(gtk_widget_get_template_child(dialog, GTK_TYPE_PRINT_UNIX_DIALOG, id));
