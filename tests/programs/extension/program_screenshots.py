@@ -85,7 +85,9 @@ def draw_text_editor(desk, file):
 
 
 def draw_okular(desk, file):
-    program = open_dialog(desk, "okular")
+    # Its dialog names a file in the home, and a picture must not tell of the machine.
+    folders = {f"XDG_{kind}_HOME": desk.folder for kind in ("CACHE", "DATA", "STATE")}
+    program = open_dialog(desk, "okular", HOME="/home/user", **folders)
     dialog = program.window("Print")
     choose_covers(dialog)
     draw(dialog, file)

@@ -30,13 +30,13 @@ PROGRAMS = {"okular": Foreign("Okular", 5, False),
             "focuswriter": Foreign("FocusWriter", 6, True)}
 
 
-def open_dialog(desk, program):
+def open_dialog(desk, program, **environment):
     """Starts a program with a document and has it show its print dialog."""
     facts = PROGRAMS[program]
     document = desk.document
     if facts.prints_text:
         document = desk.write("document.txt", "A line of text.\n" * 1000)
-    running = desk.start(program, document)
+    running = desk.start(program, document, **environment)
     running.choose_item(*facts.menu)
     return running
 
