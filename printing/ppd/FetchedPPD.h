@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include <cups/cups.h>
@@ -11,11 +10,12 @@
 namespace publishing {
 
 // A print queue's PPD, fetched from the server. The copy is in memory, so that a program that is
-// killed leaves nothing; that of a class of queues, or of another server's queue, which libcups
-// finds out itself, is a temporary file until the object goes.
+// killed leaves nothing; where it cannot be kept there, and for another server's queue, which
+// libcups finds out itself, it is a temporary file until the object goes.
 class FetchedPPD {
  public:
-  // Throws PrintError (Trouble) when the server does not hand the PPD out.
+  // Throws PrintError (Trouble) when the server does not hand the PPD out, and when there is no
+  // room for the whole copy.
   FetchedPPD(http_t* http, const std::string& queue);
   ~FetchedPPD();
   FetchedPPD(const FetchedPPD&) = delete;
@@ -27,11 +27,9 @@ class FetchedPPD {
   // Good for this process alone.
   [[nodiscard]] std::string path() const;
 
-  // Why the copy may be incomplete, because there is no room for more in the folder for temporary
-  // files; nothing when there is.
-  [[nodiscard]] std::optional<std::string> lackOfRoom() const;
-
  private:
+  void checkRoom(const std::string& queue) const;
+
   Descriptor copy_;
   std::string file_;
 };

@@ -103,16 +103,6 @@ const ppd_choice_t* findChoice(const ppd_option_t* option, const std::string& ke
   return nullptr;
 }
 
-// A copy that was cut off is no fault of the printer's PPD.
-void checkRoom(const FetchedPPD& file, const std::string& queue) {
-  const auto reason = file.lackOfRoom();
-  if (!reason) return;
-  throw PrintError::trouble(
-      translated("The PPD of the queue %s cannot be kept in the temporary folder: %s. Make room "
-                 "there, or name another folder in TMPDIR.",
-                 queue, *reason));
-}
-
 }  // namespace
 
 PPDDocument PPDDocument::openFile(const std::string& path) {
@@ -129,16 +119,8 @@ PPDDocument PPDDocument::openText(const std::string& text, const std::string& na
 std::optional<PPDDocument> PPDDocument::fetch(http_t* http, const std::string& queue) {
   const FetchedPPD file(http, queue);
   if (!file.exists()) return std::nullopt;
-  const std::string checksum = checksumOf(file.path());
-  try {
-    PPDHandle ppd = opened(file.path(), queue);
-    auto faults = faultsOf(file.path(), queue);
-    if (!faults.empty()) checkRoom(file, queue);
-    return PPDDocument(std::move(ppd), std::move(faults), checksum);
-  } catch (const PrintError&) {
-    checkRoom(file, queue);
-    throw;
-  }
+  PPDHandle ppd = opened(file.path(), queue);
+  return PPDDocument(std::move(ppd), faultsOf(file.path(), queue), checksumOf(file.path()));
 }
 
 bool PPDDocument::isStillThatOf(http_t* http, const std::string& queue) const {

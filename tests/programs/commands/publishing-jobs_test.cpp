@@ -307,6 +307,19 @@ TEST_F(PublishingJobs, TellAQueueThatTheEnvironmentNames) {
   EXPECT_THAT(outcome.errors, AllOf(HasSubstr("nosuch"), HasSubstr("PRINTER"), HasSubstr(kQueue)));
 }
 
+TEST_F(PublishingJobs, TellAFullTemporaryFolderFromABadPPD) {
+  const std::string folder = home_ / "tmp";
+  std::filesystem::create_directory(folder);
+  // Files of 2 KiB at most: the next write fails, as in a full folder.
+  const Outcome outcome = shell("trap '' XFSZ; ulimit -f 4; export TMPDIR='" + folder + "'; \"$@\"",
+                                {"media", "-d", kQueue});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_THAT(outcome.errors,
+              AllOf(HasSubstr(kQueue), HasSubstr("cannot be kept in the temporary folder"),
+                    HasSubstr("TMPDIR"), Not(HasSubstr("damaged"))));
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
 TEST_F(PublishingJobs, TellAPPDBehindAPasswordFromNoPPD) {
   const Outcome started =
       runProgram({PRIVATE_CUPS, "start", home_ / "cups", "", "<Location /printers/Locked>",

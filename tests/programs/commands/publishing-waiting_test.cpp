@@ -13,6 +13,7 @@ namespace {
 using nlohmann::json;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class PublishingWaiting : public PublishingOnServer {
  protected:
@@ -30,6 +31,17 @@ TEST_F(PublishingWaiting, EndsWhenAFilterFails) {
   const std::string job = std::to_string(report["job"].get<int>());
   EXPECT_THAT(outcome.errors,
               AllOf(HasSubstr("Job " + job), HasSubstr("cancel Zephrel_PS_9000-" + job)));
+}
+
+TEST_F(PublishingWaiting, ShowsOnATerminalHowMuchWasSent) {
+  // script(1) runs it on a terminal and shows what appears there.
+  const Outcome shown =
+      shell("script -q -e -c \"$*\" /dev/null", {"print", "-d", kQueue, "--wait=60", kReport});
+  EXPECT_EQ(shown.status, 0) << shown.errors;
+  EXPECT_THAT(shown.output, HasSubstr("\r\x1b[KSending report.pdf: 100 %"));
+  const Outcome piped = print({"--wait=60"});
+  EXPECT_EQ(piped.status, 0);
+  EXPECT_THAT(piped.output + piped.errors, Not(HasSubstr("Sending")));
 }
 
 // A server that keeps no record forgets a job at the moment it is done.
